@@ -1,0 +1,122 @@
+#include "analyses/NatalData.h"
+
+#include <cmath>
+
+#include "birthdata/Record.h"
+#include "shell/VbText.h"
+
+namespace kal {
+
+namespace {
+Position SignAndDegree(double L) {
+    Position p;
+    double W = std::floor(L);
+    p.sign = static_cast<int>(std::floor(W / 30)) + 1;
+    p.deg = static_cast<int>(W) - 30 * (p.sign - 1);
+    return p;
+}
+} // namespace
+
+Position CuspPosition(double L) {
+    Position p = SignAndDegree(L);
+    double W = std::floor(L);
+    p.min = static_cast<int>(std::floor((L - W) * 60 + 0.5));
+    if (p.min == 60) p.min = 59;
+    return p;
+}
+
+Position BodyPosition(double L) {
+    Position p = SignAndDegree(L);
+    double W = std::floor(L);
+    double f = (L - W) * 60;
+    p.min = static_cast<int>(std::floor(f));
+    p.sec = static_cast<int>(std::floor((f - p.min) * 60));
+    return p;
+}
+
+std::string CuspText(double L) {
+    Position p = CuspPosition(L);
+    return FormatNumber(p.deg, "00") + " " + std::string(SignAbbrOf(p.sign)) + " " +
+           FormatNumber(p.min, "00");
+}
+
+std::string BodyText(double L) {
+    Position p = BodyPosition(L);
+    return FormatNumber(p.deg, "00") + " " + std::string(SignAbbrOf(p.sign)) + " " +
+           FormatNumber(p.min, "00") + "m " + FormatNumber(p.sec, "00") + "s";
+}
+
+std::string FmtCoord(double v, const std::string& direction) {
+    std::string s = FormatNumber(std::fabs(v), "##0.00", Precision::Single);
+    size_t at = s.find('.');
+    if (at == std::string::npos) at = s.find(',');
+    if (at != std::string::npos && !direction.empty())
+        s[at] = Lower(direction.substr(0, 1))[0];
+    return s;
+}
+
+std::string ChartDateText(const Chart& c, int dateOrder) {
+    if (auto d = ParseDate(c.ChartDate, dateOrder)) return FormatDateDMY(*d);
+    // A date the calendar does not know (31 February passes the input
+    // checks): show the numbers as entered.
+    return FormatDateDMY({c.ChartDay, c.ChartMonth, c.ChartYear});
+}
+
+void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out) {
+    out.AppendBlankLine();
+    out.Append("  " + c.ChartName);
+    out.Append("  " + ChartDateText(c, dateOrder) + "    TZ = " + FormatSingle(c.ChartTZ, "##0.0") +
+               "      " + FormatSingle(c.ChartTime, "#0.00") + " " + c.ChartAMPM + "   " +
+               FmtCoord(c.ChartLong, c.ChartEW) + "    " + FmtCoord(c.ChartLat, c.ChartNS));
+}
+
+void ListCusps(const Chart& c, OutputBuffer& out) {
+    out.AppendBlankLine();
+    out.Append("  HOUSE CUSPS - " + HouseSystemName(c.HouseSystem.empty() ? 'P' : c.HouseSystem[0]));
+    std::string line;
+    for (int k = 1; k <= 12; ++k) {
+        line += (k % 3 == 1) ? "  " : " ";
+        line += std::string(HouseLabel(k)) + " house = " + CuspText(c.CuspTable[static_cast<size_t>(k)]);
+        if (k % 3 == 0) {
+            out.Append(line);
+            line.clear();
+        }
+    }
+}
+
+std::string BodyLine(const Chart& c, int j) {
+    return "  " + BodyText(c.PlanetLong[static_cast<size_t>(j)]) + "   " +
+           std::string(PlanetNamesField(j)) + c.RetroFlags.at(static_cast<size_t>(j - 1)) + "    (" +
+           c.PlanetHouse.substr(static_cast<size_t>(10 * j - 10), 10) + ")    ";
+}
+
+void ListBodies(const Chart& c, OutputBuffer& out) {
+    out.AppendBlankLine();
+    out.Append(BodyLine(c, Sun));
+    out.Append(BodyLine(c, Moon));
+    for (int j = Mercury; j <= Pluto; ++j) out.Append(BodyLine(c, j));
+    for (int j = NNode; j <= NumBodies; ++j) out.Append(BodyLine(c, j));
+}
+
+void NatalData(Chart& c, OutputBuffer& out) {
+    c.PlanetLong = c.NatalLong;
+    c.CuspTable = c.NatalCusp;
+    c.RetroFlags = c.NatalRetro;
+    ListCusps(c, out);
+    ListBodies(c, out);
+}
+
+void BuildHeaderLines(const Chart& c, int dateOrder, HeaderTable& lines, HeaderTable& lines2) {
+    lines = {};
+    lines[1] = c.ChartName + " - natal";
+    lines[2] = ChartDateText(c, dateOrder);
+    lines[3] = FormatSingle(c.ChartTime, "#0.00") + " " + c.ChartAMPM + " (" +
+               StrText(c.ChartTZ, Precision::Single) + ")";
+    lines[4] = FmtCoord(c.ChartLong, c.ChartEW);
+    lines[5] = FmtCoord(c.ChartLat, c.ChartNS);
+    lines[6] = c.NatalSidereal;
+    lines[7] = HouseSystemName(c.HouseSystem.empty() ? 'P' : c.HouseSystem[0]);
+    lines2 = {};
+}
+
+} // namespace kal

@@ -1,0 +1,39 @@
+#include "birthdata/NamesFile.h"
+
+#include "shell/TextFile.h"
+
+namespace kal {
+
+Message NamesFileLineError() {
+    return {"You have an error in the current names file. You need to check and see if you have "
+            "entered the data correctly and in the proper amount. Please correct the data by "
+            "clicking on the Edit this List command button in the Names window and edit the "
+            "incorrect data.",
+            "Error!", Icon::Critical};
+}
+
+NamesList LoadNamesFile(const std::filesystem::path& file) {
+    NamesList list;
+    auto lines = ReadLines(file);
+    if (!lines) return list;
+    list.opened = true;
+    for (const auto& line : *lines) {
+        size_t b = line.find_first_not_of(" \t");
+        if (b == std::string::npos || line[b] == ',') break;
+        auto rec = ParseRecordLine(line);
+        if (!rec) {
+            list.errors.push_back(NamesFileLineError());
+            continue;
+        }
+        list.records.push_back(std::move(*rec));
+    }
+    return list;
+}
+
+int FindRecord(const std::vector<BirthRecord>& records, const std::string& name) {
+    for (size_t i = 0; i < records.size(); ++i)
+        if (records[i].RecName == name) return static_cast<int>(i);
+    return -1;
+}
+
+} // namespace kal

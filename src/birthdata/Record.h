@@ -1,0 +1,53 @@
+// Birth records as a names file holds them, one per line:
+//   name,dd mmm yyyy,hh.mm,A|P,zone,long,lat,e-mail
+// and the transfer of a record into the input fields.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "birthdata/InputFields.h"
+#include "shell/Message.h"
+
+namespace kal {
+
+struct BirthRecord {
+    std::string RecName, RecDate, RecTime, RecAmPm, RecTZ, RecLong, RecLat, RecEmail;
+};
+
+// Splits one names-file line at its commas (leading blanks of each field
+// skipped). Nothing when the line does not hold a whole record: fewer than
+// seven fields (the e-mail may be left off) or more than eight.
+std::optional<BirthRecord> ParseRecordLine(std::string_view line);
+
+// The line a record is stored as (without line end).
+std::string RecordLine(const BirthRecord& r);
+
+// A calendar date as read from text.
+struct CivilDate {
+    int day = 0, month = 0, year = 0;
+};
+
+// Reads a date the way the names file and the input fields write it:
+// "12 May 1959", "1959 May 12", or numbers separated by "/", "-" or blanks in
+// the order of dateOrder (0 month-day-year, 1 day-month-year, 2 year-month-day).
+// Nothing when the text is not a real calendar date.
+std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder);
+
+// "dd mmm yyyy" ("05 Mar 2007").
+std::string FormatDateDMY(const CivilDate& d);
+// Three-letter English month name of month 1..12.
+std::string_view MonthAbbr(int month);
+
+// The error shown when a picked record's fields cannot be converted.
+Message RecordFormatError();
+
+// Moves a record into the input fields as a pick in the names list does.
+// With date order 2 the stored date is first rearranged to "yyyy Mmm dd"
+// (and written back into the record). On a field that cannot be converted
+// the format error is returned and the remaining fields are left as they were.
+std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFields& in);
+
+} // namespace kal

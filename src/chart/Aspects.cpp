@@ -1,0 +1,148 @@
+#include "chart/Aspects.h"
+
+#include <cmath>
+
+#include "shell/TextFile.h"
+#include "shell/VbText.h"
+#include "shell/Options.h"
+
+namespace kal {
+
+void ReadOrbLines(const std::vector<std::string>& lines, OrbTable& table) {
+    int k = 0;
+    for (const auto& line : lines) {
+        if (line.empty()) break;
+        if (++k > 16) break;
+        table[static_cast<size_t>(k)] = LeadingValue(line);
+    }
+}
+
+bool LoadOrbFile(const std::filesystem::path& file, OrbTable& table) {
+    auto lines = ReadLines(file);
+    if (!lines) return false;
+    ReadOrbLines(*lines, table);
+    return true;
+}
+
+Message OrbFileMissing(const std::filesystem::path& file) {
+    return {"The orb file " + file.filename().string() +
+                " cannot be read. It must be in the program folder (" +
+                file.parent_path().string() + ").",
+            "Error!", Icon::Critical};
+}
+
+std::filesystem::path NatalOrbPath(const std::filesystem::path& appPath) {
+    return FindFile(appPath, "NATAL.ORB");
+}
+
+std::filesystem::path CareerOrbPath(const std::filesystem::path& appPath) {
+    return FindFile(appPath, "Dravik_Natal_Orbs.ORB");
+}
+
+double Separation(double a, double b) {
+    double sep = std::fabs(a - b);
+    if (sep > 180) sep = 360 - sep;
+    return sep;
+}
+
+namespace {
+
+struct AspectTest {
+    int code;
+    int angle;
+};
+
+// The ranged tests in the order they run; the opposition has no upper bound
+// and the conjunction (run last) no lower one.
+constexpr std::array<AspectTest, 13> kRanged = {{{3, 60},   {4, 90},   {5, 120},  {6, 180},
+                                                 {8, 30},   {9, 45},   {10, 135}, {11, 150},
+                                                 {12, 36},  {13, 40},  {14, 72},  {15, 108},
+                                                 {16, 144}}};
+
+} // namespace
+
+AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
+    AspectHit hit;
+    hit.sep = Separation(a, b);
+    float sep = static_cast<float>(hit.sep);
+    auto test = [&](int code, int angle) {
+        float orb = orbs[static_cast<size_t>(code - 1)];
+        float lo = static_cast<float>(angle) - orb;
+        float hi = static_cast<float>(angle) + orb;
+        bool pass = code == 6 ? sep >= lo : (lo <= sep && sep <= hi);
+        if (pass) {
+            hit.code = code;
+            hit.dev = hit.sep - angle;
+        }
+    };
+    for (const auto& t : kRanged) test(t.code, t.angle);
+    test(17, 165);
+    if (sep <= orbs[1]) {
+        hit.code = 2;
+        hit.dev = hit.sep;
+    }
+    return hit;
+}
+
+namespace {
+
+std::string Degrees(double v, const char* pattern, size_t width) {
+    return PadLeft(FormatNumber(std::floor(v), pattern), width);
+}
+
+std::string Minutes(double v) { return FormatNumber((v - std::floor(v)) * 60, "00"); }
+
+std::string AngleCell(int angle) {
+    if (angle < 10) return "  " + FormatNumber(angle, "0") + "  ";
+    if (angle < 100) return " " + FormatNumber(angle, "00") + "  ";
+    return FormatNumber(angle, "000") + "  ";
+}
+
+} // namespace
+
+std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::path& appPath,
+                                        OrbTables& orbs, AspectFoundTable& found,
+                                        OutputBuffer& out) {
+    auto orbFile = NatalOrbPath(appPath);
+    if (!LoadOrbFile(orbFile, orbs.NatalOrbs)) return OrbFileMissing(orbFile);
+    found = AspectFoundTable{};
+
+    std::array<double, 14> P{};
+    for (int pos = 1; pos <= 13; ++pos) P[static_cast<size_t>(pos)] = c.PlanetLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
+
+    std::string detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
+    out.AppendBlankLine();
+    out.Append(std::string(22, ' ') + "NATAL PLANET ASPECTS TO NATAL PLANETS");
+    out.AppendBlankLine();
+    out.Append(std::string(8, ' ') + "MC  Asc  N.N  Plu  Nep  Ura  Sat  Jup  Mar  Ven  Mer  Moo");
+
+    for (int r = 1; r <= 12; ++r) {
+        std::string line = "  " + (r == 11 ? std::string("N.N") : PlanetKey[static_cast<size_t>(r)].substr(0, 3)) + "  ";
+        for (int k = 13; k >= r + 1; --k) {
+            AspectHit h = FindAspect(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)], orbs.NatalOrbs);
+            if (h.code == 1) {
+                line += "---  ";
+                continue;
+            }
+            line += AngleCell(AspectAngle[static_cast<size_t>(h.code)]);
+            found[static_cast<size_t>(h.code)][static_cast<size_t>(k)][static_cast<size_t>(r)] = 1;
+            if (r == 12) continue;
+            double adev = std::fabs(h.dev);
+            detail += "  " + PadRight(PlanetKey[static_cast<size_t>(r)], 11) +
+                      PadRight(PlanetKey[static_cast<size_t>(k)], 11) + Degrees(h.sep, "##0", 3) + "d " +
+                      Minutes(h.sep) + "m" + std::string(7, ' ') + Degrees(adev, "#0", 4) + "d " +
+                      Minutes(adev) + "m\r\n";
+        }
+        out.Append(line);
+    }
+    out.AppendBlankLine();
+    out.Append(detail);
+    return std::nullopt;
+}
+
+bool SaveEditorText(const std::filesystem::path& file, const std::string& text) {
+    if (text.size() < 2) return WriteFileBytes(file, "");
+    return WriteFileBytes(file, text.substr(0, text.size() - 2) + "\r\n");
+}
+
+} // namespace kal

@@ -1,0 +1,66 @@
+// Orb files, the three orb tables, the aspect search and the natal aspect
+// listing (grid and detail table).
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+
+#include "chart/Chart.h"
+#include "shell/Message.h"
+#include "shell/OutputBuffer.h"
+
+namespace kal {
+
+// Orbs in degrees by aspect number 1..16 (element 0 unused).
+using OrbTable = std::array<float, 17>;
+
+struct OrbTables {
+    OrbTable NatalOrbs{};
+    OrbTable WheelOrbs{};
+    OrbTable CareerOrbs{};
+};
+
+// AspectFound(code, later listing position, earlier listing position).
+using AspectFoundTable = std::array<std::array<std::array<short, 14>, 14>, 18>;
+
+// Reads orb-file lines into a table: line k is the orb of aspect number k
+// (first seven characters), reading stops at the first empty line and after
+// 16 lines; entries without a line keep their values.
+void ReadOrbLines(const std::vector<std::string>& lines, OrbTable& table);
+// ReadOrbLines on a file; false (table unchanged) when it cannot be read.
+bool LoadOrbFile(const std::filesystem::path& file, OrbTable& table);
+
+// The message of a command refused because its orb file cannot be read.
+Message OrbFileMissing(const std::filesystem::path& file);
+
+// The program directory's orb files.
+std::filesystem::path NatalOrbPath(const std::filesystem::path& appPath);
+std::filesystem::path CareerOrbPath(const std::filesystem::path& appPath);
+
+// Separation of two longitudes, 0..180.
+double Separation(double a, double b);
+
+struct AspectHit {
+    int code = 1;    // 1 = no aspect
+    double sep = 0;  // separation
+    double dev = 0;  // separation minus the exact angle
+};
+
+// The aspect between two longitudes under the given orbs. All comparisons in
+// single precision with inclusive bounds; of overlapping orbs the last test
+// wins, and the conjunction is tested last.
+AspectHit FindAspect(double a, double b, const OrbTable& orbs);
+
+// The natal aspect listing appended to the page. Loads NatalOrbs from the
+// program directory first; refused (nothing appended) when that file cannot
+// be read.
+std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::path& appPath,
+                                        OrbTables& orbs, AspectFoundTable& found,
+                                        OutputBuffer& out);
+
+// The orb editor's save: the text less its final line break, then one CR LF
+// (an empty file when the text is shorter than two characters).
+bool SaveEditorText(const std::filesystem::path& file, const std::string& text);
+
+} // namespace kal

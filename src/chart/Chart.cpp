@@ -1,0 +1,11 @@
+#include "chart/Chart.h"
+
+#include "shell/VbText.h"
+
+namespace kal {
+
+int Chart::HouseNumberOf(int body) const {
+    return static_cast<int>(Val(PlanetHouse.substr(static_cast<size_t>(body - 1) * 10, 2)));
+}
+
+} // namespace kal

@@ -1,0 +1,179 @@
+// kaltrova-cli: the core without windows, for batch work, scripting and tests.
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "birthdata/NamesFile.h"
+#include "birthdata/Record.h"
+#include "shell/Session.h"
+#include "shell/TextFile.h"
+
+namespace fs = std::filesystem;
+using namespace kal;
+
+namespace {
+
+const char* kUsage =
+    "usage: kaltrova-cli [--dir APPDIR] [--houses P|K|R|C|O|B|T] [--date-order 0|1|2]\n"
+    "                    COMMAND (--record LINE | --names FILE --name NAME)\n"
+    "       kaltrova-cli [options] batch --names FILE COMMAND\n"
+    "commands:\n"
+    "  page      the data page the program shows after OK\n"
+    "  natal     the page of Data > Natal Data\n"
+    "  aspects   the page of Data > Natal Aspects\n";
+
+// A listing command: runs on a calculated chart and leaves its page in the
+// output buffer.
+using Command = std::function<Messages(Session&)>;
+
+const std::map<std::string, Command>& Commands() {
+    static const std::map<std::string, Command> commands = {
+        {"page", [](Session&) { return Messages{}; }},
+        {"natal", [](Session& s) { return s.CmdNatalData(); }},
+        {"aspects", [](Session& s) { return s.CmdNatalAspects(); }},
+    };
+    return commands;
+}
+
+fs::path ExecutableDir() {
+    std::error_code ec;
+    fs::path exe = fs::read_symlink("/proc/self/exe", ec);
+    return ec ? fs::current_path() : exe.parent_path();
+}
+
+void PrintMessages(const Messages& msgs) {
+    for (const auto& m : msgs) std::cerr << m.caption << " " << m.text << "\n";
+}
+
+// Moves the record into the input fields, calculates as OK does and runs the
+// command. Returns the exit status.
+int RunRecord(Session& s, BirthRecord rec, const Command& cmd) {
+    if (auto err = TransferRecord(rec, s.DateOrder, s.input)) {
+        PrintMessages({*err});
+        return 2;
+    }
+    s.UpdateMode = 0;
+    s.out.ClearAllLines();
+    s.out.ClearDataPage();
+    Messages msgs = s.CalcChart();
+    if (s.InputError) {
+        PrintMessages(msgs);
+        return 1;
+    }
+    Messages more = cmd(s);
+    msgs.insert(msgs.end(), more.begin(), more.end());
+    if (!msgs.empty()) {
+        PrintMessages(msgs);
+        return 1;
+    }
+    std::fputs(PageText(s.out, "\n").c_str(), stdout);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    fs::path dir;
+    std::string houses, record, namesFile, name, command;
+    int dateOrder = 0;
+    bool batch = false;
+    std::vector<std::string> args(argv + 1, argv + argc);
+    for (size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        auto value = [&]() -> std::string {
+            if (i + 1 >= args.size()) {
+                std::cerr << "kaltrova-cli: " << a << " needs a value\n" << kUsage;
+                std::exit(64);
+            }
+            return args[++i];
+        };
+        if (a == "--dir") dir = value();
+        else if (a == "--houses") houses = value();
+        else if (a == "--record") record = value();
+        else if (a == "--names") namesFile = value();
+        else if (a == "--name") name = value();
+        else if (a == "--date-order") dateOrder = std::atoi(value().c_str());
+        else if (a == "-h" || a == "--help") {
+            std::cout << kUsage;
+            return 0;
+        } else if (a == "batch" && command.empty() && !batch) batch = true;
+        else if (!a.empty() && a[0] != '-' && command.empty()) command = a;
+        else {
+            std::cerr << "kaltrova-cli: unexpected argument '" << a << "'\n" << kUsage;
+            return 64;
+        }
+    }
+    auto it = Commands().find(command);
+    if (it == Commands().end()) {
+        std::cerr << (command.empty() ? "kaltrova-cli: no command given\n"
+                                      : "kaltrova-cli: unknown command '" + command + "'\n")
+                  << kUsage;
+        return 64;
+    }
+    if (dateOrder < 0 || dateOrder > 2) {
+        std::cerr << "kaltrova-cli: --date-order takes 0, 1 or 2\n";
+        return 64;
+    }
+
+    Session s;
+    s.Open(dir.empty() ? ExecutableDir() : dir);
+    s.DateOrder = static_cast<short>(dateOrder);
+    if (!houses.empty()) {
+        HouseMenu menu{};
+        bool known = false;
+        for (size_t i = 0; i < HouseSystems.size(); ++i)
+            if (houses.size() == 1 && std::toupper(houses[0]) == HouseSystems[i].letter) {
+                menu[i] = true;
+                known = true;
+            }
+        if (!known) {
+            std::cerr << "kaltrova-cli: --houses takes one of P K R C O B T\n";
+            return 64;
+        }
+        s.houseMenu = menu;
+    }
+
+    int status = 0;
+    if (batch || !namesFile.empty()) {
+        if (namesFile.empty()) {
+            std::cerr << "kaltrova-cli: batch needs --names FILE\n";
+            return 64;
+        }
+        NamesList list = LoadNamesFile(namesFile);
+        if (!list.opened) {
+            std::cerr << "kaltrova-cli: cannot read names file " << namesFile << "\n";
+            return 66;
+        }
+        PrintMessages(list.errors);
+        if (batch) {
+            for (const auto& rec : list.records) {
+                int st = RunRecord(s, rec, it->second);
+                if (st != 0) status = st;
+            }
+        } else {
+            int idx = FindRecord(list.records, name);
+            if (idx < 0) {
+                std::cerr << "kaltrova-cli: no record named '" << name << "' in " << namesFile << "\n";
+                return 65;
+            }
+            status = RunRecord(s, list.records[static_cast<size_t>(idx)], it->second);
+        }
+    } else if (!record.empty()) {
+        auto rec = ParseRecordLine(record);
+        if (!rec) {
+            std::cerr << "kaltrova-cli: not a names-file record: " << record << "\n";
+            return 65;
+        }
+        status = RunRecord(s, *rec, it->second);
+    } else {
+        std::cerr << "kaltrova-cli: give --record LINE or --names FILE --name NAME\n" << kUsage;
+        return 64;
+    }
+    s.Close();
+    return status;
+}

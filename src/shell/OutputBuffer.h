@@ -1,0 +1,44 @@
+// The data window's two line lists. AllLines keeps every line since the last
+// clear, PageLines the current page. Each holds its lines and one spare empty
+// element after them, so after n appends it has n + 1 elements.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace kal {
+
+struct OutputBuffer {
+    std::string OutLine;
+    std::vector<std::string> AllLines{""};
+    std::vector<std::string> PageLines{""};
+
+    size_t AllCount() const { return AllLines.size() - 1; }
+    size_t PageCount() const { return PageLines.size() - 1; }
+
+    // Appends OutLine to both lists.
+    void AppendOutLine();
+    // Appends an empty line to both lists.
+    void AppendBlankLine();
+    // Convenience: OutLine = line, then AppendOutLine.
+    void Append(std::string line);
+    // Empties the current page.
+    void ClearDataPage();
+    // Empties AllLines ("Clear all data").
+    void ClearAllLines();
+};
+
+// The page file the data window shows.
+std::filesystem::path LastPagePath(const std::filesystem::path& appPath);
+
+// Shows the page: when AllLines holds anything, appends the closing blank line
+// and writes PageLines (spare element included) to reports/LASTPAGE.TXT with
+// CR LF. Returns false when there was nothing to show or the file could not be
+// written. A minimised data window shows nothing.
+bool ShowDataPage(OutputBuffer& out, const std::filesystem::path& appPath, bool minimised = false);
+
+// The text ShowDataPage writes, with the given line end.
+std::string PageText(const OutputBuffer& out, const std::string& eol);
+
+} // namespace kal

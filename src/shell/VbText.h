@@ -1,0 +1,47 @@
+// Number and text conversions with the exact behaviour the listings and data
+// files rely on: pattern formatting ("00", "##0.0", "#00#.#0" ...), the general
+// number-to-text forms with and without a leading blank, and reading the
+// number at the start of a text.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kal {
+
+// Significant digits used when a value is turned into decimal digits before
+// rounding: 15 for 64-bit values, 7 for 32-bit ones.
+enum class Precision { Double = 15, Single = 7 };
+
+// Formats v with a digit pattern made of '#', '0' and at most one '.'.
+// Integer part: at least as many digits as there are placeholders from the
+// first '0' on. Fraction: as many digits as placeholders, trailing zeros kept
+// up to the last '0'. Rounds half away from zero on the decimal digits of v.
+std::string FormatNumber(double v, std::string_view pattern, Precision p = Precision::Double);
+inline std::string FormatSingle(float v, std::string_view pattern) {
+    return FormatNumber(static_cast<double>(v), pattern, Precision::Single);
+}
+
+// General number-to-text without a leading blank ("5", "-5.5", "0.25").
+std::string NumText(double v, Precision p = Precision::Double);
+// The same with a leading blank for values not below 0 (" 5", "-1", " .5"):
+// the old BASIC Str form, which also drops the zero before the point.
+std::string StrText(double v, Precision p = Precision::Double);
+
+// Reads the number at the start of text: leading blanks and tabs skipped,
+// an optional sign, digits, an optional point and digits. Anything else ends
+// the number; text that does not start with one reads as 0.
+double Val(std::string_view text);
+
+// Right-aligns text in a field of width n (no truncation).
+std::string PadLeft(std::string_view text, size_t n);
+// Left-aligns text in a field of width n (no truncation).
+std::string PadRight(std::string_view text, size_t n);
+
+// Upper-cases ASCII letters.
+std::string Upper(std::string_view s);
+std::string Lower(std::string_view s);
+// Removes leading and trailing blanks.
+std::string Trim(std::string_view s);
+
+} // namespace kal
