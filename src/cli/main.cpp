@@ -52,7 +52,7 @@ void PrintMessages(const Messages& msgs) {
 
 // Moves the record into the input fields, calculates as OK does and runs the
 // command. Returns the exit status.
-int RunRecord(Session& s, BirthRecord rec, const Command& cmd) {
+int RunRecord(Session& s, BirthRecord rec, const Command& cmd, bool calcPage) {
     if (auto err = TransferRecord(rec, s.DateOrder, s.input)) {
         PrintMessages({*err});
         return 2;
@@ -65,8 +65,9 @@ int RunRecord(Session& s, BirthRecord rec, const Command& cmd) {
         PrintMessages(msgs);
         return 1;
     }
-    Messages more = cmd(s);
-    msgs.insert(msgs.end(), more.begin(), more.end());
+    // What the calculation's own page could not show only matters to the
+    // page command; the other commands write a page of their own.
+    if (!calcPage) msgs = cmd(s);
     if (!msgs.empty()) {
         PrintMessages(msgs);
         return 1;
@@ -152,7 +153,7 @@ int main(int argc, char** argv) {
         PrintMessages(list.errors);
         if (batch) {
             for (const auto& rec : list.records) {
-                int st = RunRecord(s, rec, it->second);
+                int st = RunRecord(s, rec, it->second, command == "page");
                 if (st != 0) status = st;
             }
         } else {
@@ -161,7 +162,7 @@ int main(int argc, char** argv) {
                 std::cerr << "kaltrova-cli: no record named '" << name << "' in " << namesFile << "\n";
                 return 65;
             }
-            status = RunRecord(s, list.records[static_cast<size_t>(idx)], it->second);
+            status = RunRecord(s, list.records[static_cast<size_t>(idx)], it->second, command == "page");
         }
     } else if (!record.empty()) {
         auto rec = ParseRecordLine(record);
@@ -169,7 +170,7 @@ int main(int argc, char** argv) {
             std::cerr << "kaltrova-cli: not a names-file record: " << record << "\n";
             return 65;
         }
-        status = RunRecord(s, *rec, it->second);
+        status = RunRecord(s, *rec, it->second, command == "page");
     } else {
         std::cerr << "kaltrova-cli: give --record LINE or --names FILE --name NAME\n" << kUsage;
         return 64;

@@ -41,7 +41,7 @@ std::string ShellQuote(const std::string& s) {
     return q + "'";
 }
 
-RunResult Run(const std::string& command) {
+RunResult RunShell(const std::string& command) {
     RunResult r;
     FILE* p = popen(command.c_str(), "r");
     if (!p) return {-1, ""};

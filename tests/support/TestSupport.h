@@ -32,7 +32,7 @@ struct RunResult {
     std::string out;
 };
 // Runs a shell command and collects its standard output.
-RunResult Run(const std::string& command);
+RunResult RunShell(const std::string& command);
 // Quotes a word for the shell.
 std::string ShellQuote(const std::string& s);
 

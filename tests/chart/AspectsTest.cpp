@@ -1,0 +1,199 @@
+// Orb files, the aspect search and the natal aspect listing.
+#include <gtest/gtest.h>
+
+#include "TestSupport.h"
+#include "chart/Aspects.h"
+#include "shell/TextFile.h"
+
+using namespace kal;
+
+namespace {
+OrbTable Orbs(std::initializer_list<float> values) {
+    OrbTable t{};
+    int k = 1;
+    for (float v : values) t[static_cast<size_t>(k++)] = v;
+    return t;
+}
+const OrbTable kNatal = Orbs({8, 6, 8, 8, 8, 1, 2, 2, 2, 3, 1, 1, 2, 1, 2, 1});
+} // namespace
+
+TEST(OrbFiles, LinesEmptyLineAndLimit) {
+    OrbTable t = Orbs({9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9});
+    ReadOrbLines({"8.0    conjunct", "  6    sextile", "x      square", "7.5", "1234567890"}, t);
+    EXPECT_FLOAT_EQ(t[1], 8);
+    EXPECT_FLOAT_EQ(t[2], 6);
+    EXPECT_FLOAT_EQ(t[3], 0); // not a number: exact-only
+    EXPECT_FLOAT_EQ(t[4], 7.5);
+    EXPECT_FLOAT_EQ(t[5], 1234567);
+    EXPECT_FLOAT_EQ(t[6], 9); // five lines: the rest keep their values
+
+    OrbTable u{};
+    ReadOrbLines({"1", "2", "", "4"}, u);
+    EXPECT_FLOAT_EQ(u[2], 2);
+    EXPECT_FLOAT_EQ(u[3], 0);
+    EXPECT_FLOAT_EQ(u[4], 0);
+
+    std::vector<std::string> many(20, "3");
+    OrbTable v{};
+    ReadOrbLines(many, v);
+    EXPECT_FLOAT_EQ(v[16], 3);
+}
+
+TEST(OrbFiles, ShippedFilesHoldSixteenOrbs) {
+    OrbTable natal{}, career{};
+    ASSERT_TRUE(LoadOrbFile(NatalOrbPath(kal::test::AppDir()), natal));
+    ASSERT_TRUE(LoadOrbFile(CareerOrbPath(kal::test::AppDir()), career));
+    for (int k = 1; k <= 16; ++k) {
+        EXPECT_GT(natal[static_cast<size_t>(k)], 0) << k;
+        EXPECT_LE(career[static_cast<size_t>(k)], natal[static_cast<size_t>(k)]) << k;
+    }
+    EXPECT_FALSE(LoadOrbFile("/nonexistent/NATAL.ORB", natal));
+}
+
+TEST(AspectSearch, BoundsAreInclusiveInSinglePrecision) {
+    OrbTable o = kNatal;
+    EXPECT_EQ(FindAspect(0, 172, o).code, 6);
+    EXPECT_DOUBLE_EQ(FindAspect(0, 172, o).dev, -8);
+    EXPECT_EQ(FindAspect(0, 171.9, o).code, 1);
+    EXPECT_EQ(FindAspect(10, 190, o).code, 6);
+    EXPECT_EQ(FindAspect(0, 68, o).code, 1);  // between the sextile and quintile windows
+    EXPECT_EQ(FindAspect(0, 66, o).code, 3);  // 60 + 6, inclusive
+    EXPECT_EQ(FindAspect(0, 66.0000001, o).code, 3); // equal once rounded to 32 bits
+    EXPECT_EQ(FindAspect(0, 66.00001, o).code, 1);
+    EXPECT_EQ(FindAspect(350, 10, o).code, 1); // separation 20
+    EXPECT_DOUBLE_EQ(FindAspect(350, 10, o).sep, 20);
+}
+
+TEST(AspectSearch, LaterTestsWinAndConjunctionIsLast) {
+    OrbTable o = kNatal;
+    o[7] = 25; // s.sextile orb wide enough to reach 6 degrees
+    AspectHit h = FindAspect(100, 106, o);
+    EXPECT_EQ(h.code, 2);
+    EXPECT_DOUBLE_EQ(h.dev, 6);
+    // Overlapping square and quintile windows: the quintile (tested later) wins.
+    o[3] = 20;
+    o[13] = 3;
+    EXPECT_EQ(FindAspect(0, 74, o).code, 14);
+    // The 165-degree aspect and the parallel, which is never tested.
+    EXPECT_EQ(FindAspect(0, 165.5, o).code, 17);
+    OrbTable wideParallel = kNatal;
+    wideParallel[6] = 180;
+    EXPECT_EQ(FindAspect(0, 100, wideParallel).code, 1);
+}
+
+TEST(NatalAspectListing, WholeListingOfAConstructedChart) {
+    // Only conjunctions and oppositions (8 degrees) are allowed; every other
+    // orb is negative, which no separation can meet.
+    kal::test::ScratchAppDir dir;
+    std::string orbFile;
+    for (int k = 1; k <= 16; ++k) orbFile += (k == 1 || k == 5 ? "8" : "-1") + std::string("\r\n");
+    dir.Write("NATAL.ORB", orbFile);
+    Chart c;
+    // By listing position: Sun, Moon, Mercury..Pluto, Node, Asc, MC.
+    const double lon[14] = {0, 10, 190.5, 15.25, 40, 70, 100, 130, 160, 220, 250, 280, 310, 341.5};
+    for (int pos = 1; pos <= 13; ++pos)
+        c.PlanetLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])] = lon[pos];
+    OrbTables orbs;
+    AspectFoundTable found{};
+    found[5][1][1] = 7; // stale entry, cleared by the listing
+    OutputBuffer out;
+    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+
+    const std::string none = "---  ";
+    auto dashes = [&](int n) {
+        std::string s;
+        for (int i = 0; i < n; ++i) s += none;
+        return s;
+    };
+    const std::vector<std::string> expected = {
+        "",
+        "                      NATAL PLANET ASPECTS TO NATAL PLANETS",
+        "",
+        "        MC  Asc  N.N  Plu  Nep  Ura  Sat  Jup  Mar  Ven  Mer  Moo",
+        "  Sun  " + dashes(10) + "  0  180  ",
+        "  Moo  " + dashes(10) + "180  ",
+        "  Mer  " + dashes(10),
+        "  Ven  " + dashes(4) + "180  " + dashes(4),
+        "  Mar  " + dashes(3) + "180  " + dashes(4),
+        "  Jup  " + dashes(2) + "180  " + dashes(4),
+        "  Sat  " + dashes(1) + "180  " + dashes(4),
+        "  Ura  180  " + dashes(4),
+        "  Nep  " + dashes(4),
+        "  Plu  " + dashes(3),
+        "  N.N  " + dashes(2),
+        "  Asc  " + dashes(1),
+        "",
+        "  Planet     Planet    Separation   Degrees from exact\r\n"
+        "  Sun        Mercury      5d 15m          5d 15m\r\n"
+        "  Sun        Moon       179d 30m          0d 30m\r\n"
+        "  Moon       Mercury    175d 15m          4d 45m\r\n"
+        "  Venus      Neptune    180d 00m          0d 00m\r\n"
+        "  Mars       Pluto      180d 00m          0d 00m\r\n"
+        "  Jupiter    N_Node     180d 00m          0d 00m\r\n"
+        "  Saturn     Asc        180d 00m          0d 00m\r\n"
+        "  Uranus     M_Heaven   178d 30m          1d 30m\r\n",
+        "",
+    };
+    EXPECT_EQ(out.PageLines, expected);
+    EXPECT_FLOAT_EQ(orbs.NatalOrbs[1], 8);
+
+    // AspectFound: (code, later listing position, earlier listing position).
+    EXPECT_EQ(found[2][3][1], 1);  // Sun conjunct Mercury
+    EXPECT_EQ(found[6][2][1], 1);  // Sun opposite Moon
+    EXPECT_EQ(found[6][13][8], 1); // Uranus opposite MC
+    EXPECT_EQ(found[6][12][7], 1); // Saturn opposite Asc
+    EXPECT_EQ(found[5][1][1], 0);
+    int total = 0;
+    for (const auto& a : found)
+        for (const auto& b : a)
+            for (short v : b) total += v;
+    EXPECT_EQ(total, 8);
+}
+
+TEST(NatalAspectListing, AscendantMidheavenOnlyInTheGrid) {
+    kal::test::ScratchAppDir dir;
+    Chart c;
+    for (int j = 1; j <= 11; ++j) c.PlanetLong[static_cast<size_t>(j)] = 200 + 13.7 * j;
+    c.PlanetLong[Asc] = 0;
+    c.PlanetLong[MC] = 270.5; // square the Ascendant
+    OrbTables orbs;
+    AspectFoundTable found{};
+    OutputBuffer out;
+    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    EXPECT_EQ(out.PageLines[15], "  Asc   90  ");
+    EXPECT_EQ(found[4][13][12], 1);
+    EXPECT_EQ(out.PageLines[17].find("M_Heaven   90d"), std::string::npos);
+    EXPECT_EQ(out.PageLines[17].find("Asc        M_Heaven"), std::string::npos);
+}
+
+TEST(NatalAspectListing, MissingOrbFileRefusesTheListing) {
+    kal::test::ScratchAppDir dir;
+    std::filesystem::remove(dir.path() / "NATAL.ORB");
+    Chart c;
+    OrbTables orbs;
+    AspectFoundTable found{};
+    OutputBuffer out;
+    auto msg = ListNatalAspects(c, dir.path(), orbs, found, out);
+    ASSERT_TRUE(msg.has_value());
+    EXPECT_NE(msg->text.find("NATAL.ORB"), std::string::npos);
+    EXPECT_EQ(out.PageCount(), 0u);
+}
+
+TEST(NatalAspectListing, MinutesRoundWhileDegreesTruncate) {
+    // 59.99 degrees: 0.99 x 60 = 59.4 rounds to 59; from 59.99167 on the
+    // minutes read 60 beside the truncated 59 degrees.
+    kal::test::ScratchAppDir dir;
+    Chart c;
+    for (int j = 1; j <= 13; ++j) c.PlanetLong[static_cast<size_t>(j)] = 100 + 9.1 * j;
+    c.PlanetLong[Sun] = 0;
+    c.PlanetLong[MC] = 59.99;
+    OrbTables orbs;
+    AspectFoundTable found{};
+    OutputBuffer out;
+    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 59m          0d 01m\r\n"), std::string::npos);
+    c.PlanetLong[MC] = 59.995;
+    out = OutputBuffer{};
+    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 60m          0d 00m\r\n"), std::string::npos);
+}

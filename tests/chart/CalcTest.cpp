@@ -1,0 +1,294 @@
+// The calculation's own arithmetic: input checks, 12-hour time and zone to
+// universal time, the program's Julian day, sidereal time, house placement.
+#include <gtest/gtest.h>
+
+#include <swephexp.h>
+
+#include "chart/Calc.h"
+
+using namespace kal;
+
+namespace {
+
+InputFields Valid() {
+    InputFields in;
+    in.txtName = "Test";
+    in.txtMonth = "5";
+    in.txtDay = "12";
+    in.txtYear = "1959";
+    in.txtBirthHour = "10";
+    in.txtBirthMinute = "43";
+    in.txtTZ = "6";
+    in.txtLongDeg = "75";
+    in.txtLongMin = "23";
+    in.txtLatDeg = "39";
+    in.txtLatMin = "45";
+    return in;
+}
+
+const std::string kInputMsg = "Error in natal input data section. Please correct.";
+const std::string kLatMsg =
+    "Your latitude is too high. Lower to 66 degrees, 00 minutes or below OR change house systems.";
+
+std::vector<std::string> Texts(const Messages& m) {
+    std::vector<std::string> t;
+    for (const auto& x : m) {
+        EXPECT_EQ(x.caption, "Warning!");
+        EXPECT_EQ(x.icon, Icon::Information);
+        t.push_back(x.text);
+    }
+    return t;
+}
+
+} // namespace
+
+TEST(InputChecks, ValidInputPasses) { EXPECT_TRUE(InputChecks(Valid(), 'P').empty()); }
+
+TEST(InputChecks, OneMessagePerFailingTest) {
+    InputFields in = Valid();
+    in.txtMonth = "";
+    // Empty month: both the zero test and the empty test fail.
+    EXPECT_EQ(Texts(InputChecks(in, 'P')), (std::vector<std::string>{kInputMsg, kInputMsg}));
+
+    in = Valid();
+    in.txtMonth = "13";
+    in.txtBirthMinute = "60";
+    in.txtLatMin = "75";
+    EXPECT_EQ(InputChecks(in, 'O').size(), 3u);
+
+    in = Valid();
+    in.txtBirthHour = "";
+    in.txtTZ = "";
+    EXPECT_EQ(InputChecks(in, 'O').size(), 1u);
+}
+
+TEST(InputChecks, LatitudeLimitOnlyForPlacidusAndKoch) {
+    InputFields in = Valid();
+    in.txtLatDeg = "66";
+    in.txtLatMin = "0";
+    EXPECT_TRUE(InputChecks(in, 'P').empty());
+    in.txtLatMin = "1";
+    EXPECT_EQ(Texts(InputChecks(in, 'P')), std::vector<std::string>{kLatMsg});
+    EXPECT_EQ(Texts(InputChecks(in, 'K')), std::vector<std::string>{kLatMsg});
+    in.txtLatDeg = "70";
+    in.txtLatMin = "0";
+    in.optSouth = true;
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+    EXPECT_TRUE(InputChecks(in, 'O').empty());
+    EXPECT_TRUE(InputChecks(in, 'R').empty());
+}
+
+TEST(InputChecks, ZoneAgainstLongitudeDirection) {
+    InputFields in = Valid();
+    in.txtTZ = "-3";
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+    in.optEast = true;
+    EXPECT_TRUE(InputChecks(in, 'P').empty());
+    in.txtTZ = "-13";
+    EXPECT_TRUE(InputChecks(in, 'P').empty());
+    in.txtTZ = "-13.5";
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+    in.txtTZ = "12.5";
+    in.optEast = false;
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+}
+
+TEST(InputChecks, RangesDoNotKnowMonthLengths) {
+    InputFields in = Valid();
+    in.txtMonth = "2";
+    in.txtDay = "31";
+    EXPECT_TRUE(InputChecks(in, 'P').empty());
+    in.txtYear = "2100";
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+    in = Valid();
+    in.txtLongDeg = "181";
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+    in = Valid();
+    in.txtBirthHour = "13";
+    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
+    in = Valid();
+    in.txtLatDeg = "91";
+    EXPECT_EQ(InputChecks(in, 'O').size(), 1u);
+}
+
+TEST(CalcInputs, TwelveHourClockAndZone) {
+    struct Row {
+        const char* hour;
+        bool am;
+        float zone;
+        float expectHour;
+    } rows[] = {{"12", true, 0, 0},  {"12", false, 0, 12}, {"1", false, 0, 13},
+                {"10", false, 5, 27}, {"1", true, -10, -9}};
+    for (const auto& r : rows) {
+        InputFields in = Valid();
+        in.txtBirthHour = r.hour;
+        in.optAM = r.am;
+        in.txtTZ = std::to_string(r.zone);
+        Chart c;
+        FillIdentityFromInput(c, in, 0);
+        SetCalcInputsFromInput(c, in);
+        EXPECT_FLOAT_EQ(c.CalcHour, r.expectHour) << r.hour << (r.am ? " AM" : " PM");
+    }
+}
+
+TEST(CalcInputs, CoordinatesInBothConventions) {
+    InputFields in = Valid();
+    in.txtLongDeg = "40";
+    in.txtLongMin = "30";
+    Chart c;
+    FillIdentityFromInput(c, in, 0);
+    SetCalcInputsFromInput(c, in);
+    EXPECT_DOUBLE_EQ(c.GeoLong, -40.5);
+    EXPECT_FLOAT_EQ(c.ChartLong, 40.3f);
+    EXPECT_EQ(c.ChartEW, "West");
+
+    in.optEast = true;
+    in.optSouth = true;
+    FillIdentityFromInput(c, in, 0);
+    SetCalcInputsFromInput(c, in);
+    EXPECT_DOUBLE_EQ(c.GeoLong, 40.5);
+    EXPECT_FLOAT_EQ(c.ChartLong, -40.3f);
+    EXPECT_EQ(c.ChartEW, "East");
+    EXPECT_NEAR(c.GeoLat, -39.75, 1e-12);
+    EXPECT_EQ(c.ChartNS, "South");
+
+    // Zero degrees East is not below zero, so it reads as West.
+    in.txtLongDeg = "0";
+    in.txtLongMin = "0";
+    FillIdentityFromInput(c, in, 0);
+    EXPECT_EQ(c.ChartEW, "West");
+}
+
+TEST(CalcInputs, DateTextFollowsTheDateOrder) {
+    InputFields in = Valid();
+    Chart c;
+    FillIdentityFromInput(c, in, 0);
+    EXPECT_EQ(c.ChartDate, "5/12/1959");
+    FillIdentityFromInput(c, in, 1);
+    EXPECT_EQ(c.ChartDate, "12/5/1959");
+    FillIdentityFromInput(c, in, 2);
+    EXPECT_EQ(c.ChartDate, "1959/5/12");
+}
+
+TEST(CalcInputs, SteppedRecord) {
+    SteppedRecord r;
+    r.UpdMonth = 3;
+    r.UpdDay = 1;
+    r.UpdYear = 2000;
+    r.UpdHour = 12;
+    r.UpdMinute = 5;
+    r.UpdPM = 0;
+    r.UpdTZ = -1;
+    r.UpdLongDeg = 13;
+    r.UpdLongMin = 24;
+    r.UpdWest = 0;
+    r.UpdLatDeg = 52;
+    r.UpdLatMin = 31;
+    r.UpdSouth = 0;
+    Chart c;
+    FillIdentityFromStepped(c, r, "Anna", 1);
+    SetCalcInputsFromStepped(c, r);
+    EXPECT_EQ(c.ChartName, "Anna - in update mode");
+    EXPECT_EQ(c.ChartDate, "1/3/2000");
+    EXPECT_EQ(c.ChartEW, "East");
+    EXPECT_FLOAT_EQ(c.ChartLong, -13.24f);
+    EXPECT_FLOAT_EQ(c.CalcHour, -1);
+    EXPECT_DOUBLE_EQ(c.GeoLong, 13.4);
+    EXPECT_FLOAT_EQ(c.ChartTime, 12.05f);
+}
+
+TEST(ChartJulDay, AgreesWithTheEphemerisCalendar) {
+    // The program's integer day-number formula against the library's
+    // Gregorian Julian day, for A.M. and P.M. times and zones both ways.
+    struct Row {
+        int y, m, d;
+        float time;
+        const char* ampm;
+        float tz;
+    } rows[] = {{1959, 5, 12, 10.43f, "A.M.", 6}, {2000, 1, 1, 12.0f, "P.M.", 0},
+                {1900, 3, 1, 12.30f, "A.M.", -1}, {2024, 2, 29, 11.59f, "P.M.", 5.5f},
+                {1582, 10, 15, 1.0f, "A.M.", 0}};
+    for (const auto& r : rows) {
+        Chart c;
+        c.ChartYear = static_cast<short>(r.y);
+        c.ChartMonth = static_cast<short>(r.m);
+        c.ChartDay = static_cast<short>(r.d);
+        c.ChartTime = r.time;
+        c.ChartAMPM = r.ampm;
+        c.ChartTZ = r.tz;
+        CalcJulDayLocal(c);
+        double t = r.time;
+        if (std::floor(t) == 12) t -= 12;
+        double hours = HhmmToHours(t) + (std::string(r.ampm) == "P.M." ? 12 : 0) + r.tz;
+        EXPECT_NEAR(c.ChartJulDay, swe_julday(r.y, r.m, r.d, hours, SE_GREG_CAL), 1e-9) << r.y;
+    }
+}
+
+TEST(SiderealTime, EveryPartTruncated) {
+    EXPECT_EQ(SiderealTimeText(359.99), "23h 59m 57s");
+    EXPECT_EQ(SiderealTimeText(0), "00h 00m 00s");
+    EXPECT_EQ(SiderealTimeText(45.0724912), "03h 00m 17s");
+    EXPECT_EQ(SiderealTimeText(359.99999999), "23h 59m 59s");
+}
+
+namespace {
+Chart WithCusps(std::initializer_list<double> byIndex) {
+    Chart c;
+    int k = 1;
+    for (double v : byIndex) c.CuspTable[static_cast<size_t>(k++)] = v;
+    return c;
+}
+} // namespace
+
+TEST(FindPlanetHouses, CuspsOpenTheirHouse) {
+    // Equal houses with the Ascendant at 0 Aries: cusp index 4 (1st house) = 0.
+    Chart c = WithCusps({270, 300, 330, 0, 30, 60, 90, 120, 150, 180, 210, 240});
+    c.PlanetLong[Sun] = 0;            // on the Ascendant: 1st house
+    c.PlanetLong[Moon] = 359.5;       // 12th house, which spans 330..360
+    c.PlanetLong[Mercury] = 29.99999; // within 0.1" of the 2nd cusp: 2nd house
+    c.PlanetLong[Venus] = 29.9999;    // 0.36" before it: still 1st
+    c.PlanetLong[Mars] = 270;         // on the Midheaven: 10th
+    c.PlanetLong[Asc] = 0;
+    c.PlanetLong[MC] = 270;
+    FindPlanetHouses(c);
+    EXPECT_EQ(c.HouseLabelOf(Sun), " 1ST");
+    EXPECT_EQ(c.HouseLabelOf(Moon), "12TH");
+    EXPECT_EQ(c.HouseLabelOf(Mercury), " 2ND");
+    EXPECT_EQ(c.HouseLabelOf(Venus), " 1ST");
+    EXPECT_EQ(c.HouseLabelOf(Mars), "10TH");
+    EXPECT_EQ(c.HouseLabelOf(Asc), " 1ST");
+    EXPECT_EQ(c.HouseLabelOf(MC), "10TH");
+    EXPECT_EQ(c.PlanetHouse.substr(0, 10), " 1ST HOUSE");
+    EXPECT_EQ(c.HouseNumberOf(Moon), 12);
+    EXPECT_EQ(c.PlanetHouse.size(), 130u);
+}
+
+TEST(FindPlanetHouses, HouseSpanningZeroAries) {
+    Chart c = WithCusps({200, 230, 260, 290, 320, 350, 20, 50, 80, 110, 140, 170});
+    c.PlanetLong[Sun] = 359.5;
+    c.PlanetLong[Moon] = 0.5;
+    c.PlanetLong[Mercury] = 19.99;
+    FindPlanetHouses(c);
+    EXPECT_EQ(c.HouseLabelOf(Sun), " 3RD");
+    EXPECT_EQ(c.HouseLabelOf(Moon), " 3RD");
+    EXPECT_EQ(c.HouseLabelOf(Mercury), " 3RD");
+}
+
+TEST(HouseMenu, LetterAndOptionMapping) {
+    HouseMenu m{true, false, true, false, false, false, false};
+    // Placidus and Koch both checked: Koch wins.
+    EXPECT_EQ(HouseLetterFromMenu(m), 'K');
+    m = {true, false, false, false, false, false, true};
+    EXPECT_EQ(HouseLetterFromMenu(m), 'T');
+    m = {false, false, false, false, false, false, false};
+    EXPECT_EQ(HouseLetterFromMenu(m), 'P');
+    m = {false, true, false, true, false, false, false};
+    EXPECT_EQ(HouseLetterFromMenu(m), 'R');
+
+    EXPECT_EQ(HouseLetterFromMenu(HouseMenuFromOption(4)), 'C');
+    EXPECT_EQ(HouseLetterFromMenu(HouseMenuFromOption(2)), 'R');
+    EXPECT_TRUE(HouseMenuFromOption(0)[0]);
+    EXPECT_TRUE(HouseMenuFromOption(1)[0]);
+    EXPECT_TRUE(HouseMenuFromOption(9)[0]);
+    EXPECT_TRUE(HouseMenuFromOption(7)[6]);
+}

@@ -1,0 +1,111 @@
+// kaltrova-cli end to end: whole pages against pages checked by hand, bad
+// input, and the files it leaves in the program directory.
+//
+// The stored pages were checked line by line against swetest 2.10
+// (-fPls, the UT moments 1959-05-12 16:43 and 1988-01-03 02:05): every
+// position, cusp, house placement and retrograde mark, and the header fields.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "TestSupport.h"
+#include "shell/TextFile.h"
+
+using kal::test::RunShell;
+using kal::test::ShellQuote;
+
+namespace {
+
+const std::string kExample = "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org";
+const std::string kSouthern = "Southern,03 Jan 1988,12.05,P,-10,-151.12,-33.52,";
+
+std::string Cli(const std::string& dir, const std::string& args) {
+    return std::string(KALTROVA_CLI) + " --dir " + ShellQuote(dir) + " " + args;
+}
+
+std::string Stored(const std::string& name) {
+    return *kal::ReadFileBytes(std::string(KALTROVA_SOURCE_DIR) + "/tests/cli/pages/" + name);
+}
+
+} // namespace
+
+TEST(CliPages, WholePagesOfKnownCharts) {
+    kal::test::ScratchAppDir dir;
+    struct Case {
+        std::string args, page;
+    } cases[] = {
+        {"natal --record " + ShellQuote(kExample), "example_natal_placidus.txt"},
+        {"--houses K aspects --record " + ShellQuote(kExample), "example_aspects_koch.txt"},
+        {"--houses r natal --record " + ShellQuote(kSouthern), "southern_natal_regiomontanus.txt"},
+    };
+    for (const auto& c : cases) {
+        auto r = RunShell(Cli(dir.path(), c.args));
+        EXPECT_EQ(r.status, 0) << c.args;
+        EXPECT_EQ(r.out, Stored(c.page)) << c.args;
+        // The page file holds the same lines with CR LF.
+        std::string crlf;
+        for (char ch : r.out) crlf += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
+        EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), crlf);
+    }
+}
+
+TEST(CliPages, NamesFileRecordAndDateOrders) {
+    kal::test::ScratchAppDir dir;
+    dir.Write("MINE.FIL", "Other,01 Jan 2000,12.00,P,0,0.00,51.30,\r\n" + kSouthern + "\r\n");
+    auto byName = RunShell(Cli(dir.path(), "--houses R natal --names " +
+                                          ShellQuote((dir.path() / "MINE.FIL").string()) +
+                                          " --name Southern"));
+    EXPECT_EQ(byName.status, 0);
+    EXPECT_EQ(byName.out, Stored("southern_natal_regiomontanus.txt"));
+    // The header date is the same in every date order.
+    for (const char* order : {"1", "2"}) {
+        auto r = RunShell(Cli(dir.path(), std::string("--date-order ") + order + " --houses R natal --record " +
+                                         ShellQuote(kSouthern)));
+        EXPECT_EQ(r.out, Stored("southern_natal_regiomontanus.txt")) << order;
+    }
+    auto missing = RunShell(Cli(dir.path(), "natal --names " + ShellQuote((dir.path() / "MINE.FIL").string()) +
+                                           " --name Nobody 2>/dev/null"));
+    EXPECT_NE(missing.status, 0);
+}
+
+TEST(CliInput, BadRecordsGiveTheCheckMessages) {
+    kal::test::ScratchAppDir dir;
+    // Latitude 70 with Placidus, and a zone of -3 with a West longitude.
+    auto r = RunShell(Cli(dir.path(), "natal --record " +
+                                     ShellQuote("Far North,12 May 1959,10.43,A,-3,75.23,70.00,") +
+                                     " 2>&1"));
+    EXPECT_EQ(r.status, 1);
+    EXPECT_EQ(r.out,
+              "Warning! Error in natal input data section. Please correct.\n"
+              "Warning! Your latitude is too high. Lower to 66 degrees, 00 minutes or below OR "
+              "change house systems.\n");
+    EXPECT_FALSE(std::filesystem::exists(dir.path() / "reports" / "LASTPAGE.TXT"));
+
+    // The same place with Porphyry houses passes the latitude check.
+    auto p = RunShell(Cli(dir.path(), "--houses O natal --record " +
+                                     ShellQuote("Far North,12 May 1959,10.43,A,5,75.23,70.00,")));
+    EXPECT_EQ(p.status, 0);
+    EXPECT_NE(p.out.find("HOUSE CUSPS - Porphyry"), std::string::npos);
+
+    auto fmt = RunShell(Cli(dir.path(), "natal --record " + ShellQuote("Bad,12 May 1959,ten,A,6,75.23,39.45,") +
+                                       " 2>&1"));
+    EXPECT_EQ(fmt.status, 2);
+    EXPECT_NE(fmt.out.find("Format error or typographical error in selected data."), std::string::npos);
+
+    auto shape = RunShell(Cli(dir.path(), "natal --record " + ShellQuote("Only,three,fields") + " 2>/dev/null"));
+    EXPECT_NE(shape.status, 0);
+    auto usage = RunShell(Cli(dir.path(), "nonsense --record " + ShellQuote(kExample) + " 2>/dev/null"));
+    EXPECT_EQ(usage.status, 64);
+}
+
+TEST(CliInput, MissingOrbFileRefusesAspects) {
+    kal::test::ScratchAppDir dir;
+    std::filesystem::remove(dir.path() / "NATAL.ORB");
+    auto r = RunShell(Cli(dir.path(), "aspects --record " + ShellQuote(kExample) + " 2>&1"));
+    EXPECT_NE(r.status, 0);
+    EXPECT_NE(r.out.find("NATAL.ORB"), std::string::npos);
+    // The natal data listing needs no orb file.
+    EXPECT_EQ(RunShell(Cli(dir.path(), "natal --record " + ShellQuote(kExample))).out,
+              Stored("example_natal_placidus.txt"));
+}
