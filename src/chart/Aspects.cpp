@@ -92,10 +92,10 @@ std::string Degrees(double v, const char* pattern, size_t width) {
 
 std::string Minutes(double v) { return FormatNumber((v - std::floor(v)) * 60, "00"); }
 
+// The exact angle right-aligned in three characters, then two blanks.
 std::string AngleCell(int angle) {
-    if (angle < 10) return "  " + FormatNumber(angle, "0") + "  ";
-    if (angle < 100) return " " + FormatNumber(angle, "00") + "  ";
-    return FormatNumber(angle, "000") + "  ";
+    const char* pattern = angle < 10 ? "0" : angle < 100 ? "00" : "000";
+    return PadLeft(FormatNumber(angle, pattern), 3) + "  ";
 }
 
 } // namespace
