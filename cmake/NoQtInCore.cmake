@@ -1,13 +1,15 @@
-# Fails when any of FILES includes a Qt header.
-string(REPLACE " " ";" files "${FILES}")
+# Fails when a core source file (src/<subsystem>/*, not ui/) includes a Qt
+# header. SRC is the src folder; SUBSYSTEMS the ;-separated subsystem names.
 set(bad "")
-foreach(f ${files})
-  if(EXISTS "${f}")
+string(REPLACE "," ";" subs "${SUBSYSTEMS}")
+foreach(sub ${subs})
+  file(GLOB files "${SRC}/${sub}/*.cpp" "${SRC}/${sub}/*.h")
+  foreach(f ${files})
     file(STRINGS "${f}" lines REGEX "^[ \t]*#[ \t]*include[ \t]*[<\"](Qt[A-Za-z]*/|Q[A-Z][A-Za-z]*[>\"])")
     if(lines)
       list(APPEND bad "${f}: ${lines}")
     endif()
-  endif()
+  endforeach()
 endforeach()
 if(bad)
   list(JOIN bad "\n" msg)

@@ -39,6 +39,25 @@ std::filesystem::path CareerOrbPath(const std::filesystem::path& appPath) {
     return FindFile(appPath, "Dravik_Natal_Orbs.ORB");
 }
 
+namespace {
+std::optional<Message> LoadInto(const std::filesystem::path& file, OrbTable& table) {
+    if (!LoadOrbFile(file, table)) return OrbFileMissing(file);
+    return std::nullopt;
+}
+} // namespace
+
+std::optional<Message> LoadNatalOrbs(const std::filesystem::path& appPath, OrbTables& orbs) {
+    return LoadInto(NatalOrbPath(appPath), orbs.NatalOrbs);
+}
+
+std::optional<Message> LoadCareerOrbs(const std::filesystem::path& appPath, OrbTables& orbs) {
+    return LoadInto(CareerOrbPath(appPath), orbs.CareerOrbs);
+}
+
+std::optional<Message> LoadWheelOrbs(const std::filesystem::path& orbFilePath, OrbTables& orbs) {
+    return LoadInto(orbFilePath, orbs.WheelOrbs);
+}
+
 double Separation(double a, double b) {
     double sep = std::fabs(a - b);
     if (sep > 180) sep = 360 - sep;
@@ -103,8 +122,7 @@ std::string AngleCell(int angle) {
 std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::path& appPath,
                                         OrbTables& orbs, AspectFoundTable& found,
                                         OutputBuffer& out) {
-    auto orbFile = NatalOrbPath(appPath);
-    if (!LoadOrbFile(orbFile, orbs.NatalOrbs)) return OrbFileMissing(orbFile);
+    if (auto refused = LoadNatalOrbs(appPath, orbs)) return refused;
     found = AspectFoundTable{};
 
     std::array<double, 14> P{};

@@ -34,6 +34,14 @@ bool LoadOrbFile(const std::filesystem::path& file, OrbTable& table);
 // The message of a command refused because its orb file cannot be read.
 Message OrbFileMissing(const std::filesystem::path& file);
 
+// The three loaders: NatalOrbs from NATAL.ORB, CareerOrbs from
+// Dravik_Natal_Orbs.ORB (both in the program directory), WheelOrbs from the
+// current orb file. Each returns the refusal message when its file cannot be
+// read, leaving the table as it was.
+std::optional<Message> LoadNatalOrbs(const std::filesystem::path& appPath, OrbTables& orbs);
+std::optional<Message> LoadCareerOrbs(const std::filesystem::path& appPath, OrbTables& orbs);
+std::optional<Message> LoadWheelOrbs(const std::filesystem::path& orbFilePath, OrbTables& orbs);
+
 // The program directory's orb files.
 std::filesystem::path NatalOrbPath(const std::filesystem::path& appPath);
 std::filesystem::path CareerOrbPath(const std::filesystem::path& appPath);
