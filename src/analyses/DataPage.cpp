@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include "analyses/CosmicState.h"
 #include "analyses/NatalData.h"
+#include "analyses/kaltrova_sr.h"
 #include "chart/Aspects.h"
 #include "shell/Session.h"
 
@@ -14,11 +16,14 @@ Messages WriteCalculationPage(Session& s) {
     s.out.ClearDataPage();
     s.out.Append(hyphens);
     ChartHeader(s.chart, s.DateOrder, s.out);
+    // The career listing opens with the blank line under the header.
+    if (auto m = ListCareerFactors(s.chart, s.AppPath, s.orbs, s.FocusPlanet, s.out)) msgs.push_back(*m);
     s.out.Append(hyphens);
     if (auto m = ListNatalAspects(s.chart, s.AppPath, s.orbs, s.AspectFound, s.out)) msgs.push_back(*m);
     s.out.Append(hyphens);
     NatalData(s.chart, s.out);
     s.chart.PlanetLong = s.chart.NatalLong;
+    ListCosmicState(s.chart, s.options, s.out);
     s.ShowDataPage();
     return msgs;
 }

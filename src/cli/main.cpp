@@ -25,7 +25,9 @@ const char* kUsage =
     "commands:\n"
     "  page      the data page the program shows after OK\n"
     "  natal     the page of Data > Natal Data\n"
-    "  aspects   the page of Data > Natal Aspects\n";
+    "  aspects   the page of Data > Natal Aspects\n"
+    "  career    the page of Data > Kaltroval factors\n"
+    "  cosmic    the page of Data > Cosmic State\n";
 
 // A listing command: runs on a calculated chart and leaves its page in the
 // output buffer.
@@ -36,6 +38,8 @@ const std::map<std::string, Command>& Commands() {
         {"page", [](Session&) { return Messages{}; }},
         {"natal", [](Session& s) { return s.CmdNatalData(); }},
         {"aspects", [](Session& s) { return s.CmdNatalAspects(); }},
+        {"career", [](Session& s) { return s.CmdCareerFactors(); }},
+        {"cosmic", [](Session& s) { return s.CmdCosmicState(); }},
     };
     return commands;
 }

@@ -2,7 +2,9 @@
 
 #include <system_error>
 
+#include "analyses/CosmicState.h"
 #include "analyses/DataPage.h"
+#include "analyses/kaltrova_sr.h"
 #include "shell/TextFile.h"
 
 namespace kal {
@@ -31,7 +33,9 @@ void Session::BeginDataPage() {
     ChartHeader(chart, DateOrder, out);
 }
 
-bool Session::ShowDataPage(bool minimised) { return kal::ShowDataPage(out, AppPath, minimised); }
+bool Session::ShowDataPage(bool minimised) {
+    return kal::ShowDataPage(out, AppPath, minimised || DataWindowMinimised);
+}
 
 Messages Session::CalcChart() {
     chart.HouseSystem = std::string(1, HouseLetterFromMenu(houseMenu));
@@ -90,6 +94,26 @@ Messages Session::CmdNatalAspects() {
         out.ClearDataPage();
         return {*m};
     }
+    ShowDataPage();
+    return {};
+}
+
+Messages Session::CmdCareerFactors() {
+    // Refused before the header is written, so that no part of the page
+    // reaches the buffer.
+    if (auto m = LoadCareerOrbs(AppPath, orbs)) return {*m};
+    BeginDataPage();
+    if (auto m = ListCareerFactors(chart, AppPath, orbs, FocusPlanet, out)) {
+        out.ClearDataPage();
+        return {*m};
+    }
+    ShowDataPage();
+    return {};
+}
+
+Messages Session::CmdCosmicState() {
+    BeginDataPage();
+    ListCosmicState(chart, options, out);
     ShowDataPage();
     return {};
 }

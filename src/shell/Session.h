@@ -15,6 +15,7 @@
 #include "shell/Message.h"
 #include "shell/Options.h"
 #include "shell/OutputBuffer.h"
+#include "shell/Settings.h"
 
 namespace kal {
 
@@ -40,10 +41,22 @@ struct Session {
     std::filesystem::path CitiesFilePath;
     std::string OutputFileName;
 
+    // Kaltrova.INI (window places, the data window's font, wheel settings).
+    Settings settings;
+    std::string ListFontName = "COURIER NEW";
+    // Wheel size constants chosen from the screen at start-up.
+    double WheelScreenW = 1024;
+    double WheelScale = 1.5;
+    short AtlasAvailable = 0;
+    // The data window is minimised: pages are composed but not shown.
+    bool DataWindowMinimised = false;
+
     OrbTables orbs;
     AspectFoundTable AspectFound{};
     HeaderTable HeaderLines{};
     HeaderTable HeaderLines2{};
+    // The body whose aspects the career listing's focus rule lists next.
+    short FocusPlanet = 0;
 
     // Sets AppPath, creates the program folders, points the ephemeris at
     // ephems/, reads the options and resets the paths to their defaults.
@@ -68,6 +81,8 @@ struct Session {
     // Data-menu commands: each is BeginDataPage, the listing, ShowDataPage.
     Messages CmdNatalData();
     Messages CmdNatalAspects();
+    Messages CmdCareerFactors();
+    Messages CmdCosmicState();
 };
 
 } // namespace kal

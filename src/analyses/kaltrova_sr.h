@@ -1,0 +1,114 @@
+// The career-factor listing: rule routines that each test one career
+// indicator of the current chart and append their sentences to the page.
+//
+// Every factor line is two blanks followed by its sentence. A rule that wrote
+// at least one line closes its group with one blank line; a rule that found
+// nothing writes nothing, unless the rule itself says otherwise (the MC sign,
+// the MC aspects, the Moon's house and the three midpoint-pair rules always
+// leave their blank line).
+//
+// Orb comparisons are made in single precision with inclusive bounds: the
+// separation, the orb and the bounds are each rounded to 32 bits first. The
+// Aries Point windows are the one test made in double precision.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "chart/Aspects.h"
+#include "chart/Chart.h"
+#include "shell/Message.h"
+#include "shell/OutputBuffer.h"
+
+namespace kal {
+
+// The body number of the ruler of sign 1..12 (modern rulers: Scorpio is
+// Pluto's, Aquarius Uranus', Pisces Neptune's).
+int SignRuler(int sign);
+// Gemini, Sagittarius and Pisces point to more than one career.
+bool IndicatesSeveralCareers(int sign);
+
+// The single-precision inclusive test angle - orb <= d <= angle + orb.
+bool WithinOrb(double sep, float angle, float orb);
+// The first major aspect of a separation under the career orbs: 1 conjunct,
+// 2 sextile, 3 square, 4 trine, 5 opposite, 0 none.
+int MajorAspect(double sep, const OrbTable& orbs);
+// A point at this separation from a midpoint is configured with it:
+// conjunct, square, 165 degrees or opposite within 2.5 degrees.
+bool MidpointConfigured(double sep);
+// Within 1.5 degrees of 0, 90, 180 or 270 (closed about 0 degrees, closed
+// below and open above at the other three).
+bool AtAriesPoint(double longitude);
+
+// "<body> is disposited by <ruler of its sign>." for body 1..10.
+std::string DispositorSentence(const Chart& c, int body);
+
+// The rule routines over one chart. The career orbs are read again from the
+// program directory by each routine that tests major aspects; when a re-read
+// fails the orbs loaded last stay in use.
+class CareerRules {
+  public:
+    CareerRules(const Chart& chart, const std::filesystem::path& appPath, OrbTables& orbs,
+                short& focusPlanet, OutputBuffer& out)
+        : FocusPlanet(focusPlanet), c_(chart), appPath_(appPath), orbs_(orbs), out_(out) {}
+
+    // The body 1..10 whose aspects FocusAspects lists next; kept between
+    // listings by the caller.
+    short& FocusPlanet;
+
+    void MCSignAndRuler();
+    void FocusAspects();
+    void InterceptedTenth();
+    void PlanetsConjunctMC();
+    void MCAspects();
+    void FinalDispositors();
+    void MutualReceptions();
+    void OrientalPlanet();
+    void Quintiles();
+    void Quindeciles();
+    void PeregrinePlanets();
+    void MoonHouseAndSign();
+    void AriesPointBodies();
+    void Stelliums();
+    void SunMoonMidpointRule();
+    void JupPlutoMidpointRule();
+    void DispositorLines();
+    void APMidpoints();
+    void MCMidpoints();
+    void MercuryMidpoints();
+
+    // The aspect number of a pair under the career orbs (1, 2, 13, 3, 4, 16
+    // or 5, the first that holds), 0 when none.
+    int CareerAspectCode(int a, int b);
+
+  private:
+    void ReloadOrbs();
+    void Line(const std::string& sentence);
+    void Blank();
+    // The MC and intercepted-sign rules: "<sign> is ... its ruler is X",
+    // the note for several careers, the blank line.
+    void RulerLines(int sign, const std::string& phrase);
+    // Bodies 1..12 less two, configured with a chart midpoint.
+    void MidpointBodies(double midpoint, int leftOutA, int leftOutB, const std::string& phrase);
+    // Pairs of bodies whose midpoint is configured with a target.
+    template <class Target>
+    void MidpointPairs(int lastFirst, int lastSecond, int skip, const std::string& prefix,
+                       Target separation);
+    // A pair of bodies within 2.5 degrees of an angle.
+    void MinorAspectPairs(float angle, const std::string& verb);
+
+    const Chart& c_;
+    const std::filesystem::path& appPath_;
+    OrbTables& orbs_;
+    OutputBuffer& out_;
+};
+
+// The career-factor listing as the command and the calculation page write
+// it after the chart header: a blank line, the rules in their fixed order,
+// the ten dispositor lines, a blank line and the three midpoint-pair rules.
+// Refused before anything is written when the career orb file cannot be read.
+std::optional<Message> ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,
+                                         OrbTables& orbs, short& focusPlanet, OutputBuffer& out);
+
+} // namespace kal

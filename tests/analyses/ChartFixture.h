@@ -1,0 +1,98 @@
+// Charts with chosen positions for the listing tests, and a throw-away
+// program directory holding only the files a test writes into it.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "chart/Calc.h"
+#include "chart/Chart.h"
+#include "shell/OutputBuffer.h"
+
+namespace kal::test {
+
+// Positions by body number 1..11 and cusps by house number 1..12; the
+// Ascendant and the Midheaven are the cusps of houses 1 and 10.
+struct ChartSpec {
+    std::array<double, 12> lon{};
+    std::array<double, 12> speed{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
+    std::array<double, 13> cusp{};
+
+    // Equal houses of 30 degrees from the Ascendant.
+    ChartSpec& EqualHouses(double asc) {
+        for (int h = 1; h <= 12; ++h) {
+            double c = asc + 30.0 * (h - 1);
+            if (c >= 360) c -= 360;
+            cusp[static_cast<size_t>(h)] = c;
+        }
+        return *this;
+    }
+
+    Chart Build() const {
+        Chart c;
+        for (int h = 1; h <= 12; ++h)
+            c.NatalCusp[static_cast<size_t>(CuspIndexOfHouse(h))] = cusp[static_cast<size_t>(h)];
+        c.NatalRetro = std::string(NumBodies, ' ');
+        for (int b = 1; b <= 11; ++b) {
+            c.NatalLong[static_cast<size_t>(b)] = lon[static_cast<size_t>(b)];
+            c.NatalSpeed[static_cast<size_t>(b)] = speed[static_cast<size_t>(b)];
+            if (speed[static_cast<size_t>(b)] < 0) c.NatalRetro[static_cast<size_t>(b - 1)] = 'R';
+        }
+        c.NatalLong[Asc] = cusp[1];
+        c.NatalLong[MC] = cusp[10];
+        c.CuspTable = c.NatalCusp;
+        c.PlanetLong = c.NatalLong;
+        c.PlanetSpeed = c.NatalSpeed;
+        c.RetroFlags = c.NatalRetro;
+        FindPlanetHouses(c);
+        c.SunMoonMid = Midpoint(c.NatalLong[Moon], c.NatalLong[Sun]);
+        c.JupPlutoMid = Midpoint(c.NatalLong[Pluto], c.NatalLong[Jupiter]);
+        return c;
+    }
+};
+
+// The lines a listing appended (without the buffer's spare element).
+inline std::vector<std::string> Lines(const OutputBuffer& out) {
+    return {out.PageLines.begin(), out.PageLines.end() - 1};
+}
+
+// An empty temporary folder, removed on destruction.
+class TempDir {
+  public:
+    TempDir() {
+        std::random_device rd;
+        path_ =
+            std::filesystem::temp_directory_path() / ("kaltrova-listing-" + std::to_string(rd()));
+        std::filesystem::create_directories(path_);
+    }
+    ~TempDir() {
+        std::error_code ec;
+        std::filesystem::remove_all(path_, ec);
+    }
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+    const std::filesystem::path& path() const { return path_; }
+    void Write(const std::string& name, const std::string& bytes) const {
+        std::ofstream(path_ / name, std::ios::binary | std::ios::trunc) << bytes;
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+// A career orb file: conjunction 6, sextile 4, square, trine and opposition
+// 6, quintile 1.5 and the 165-degree aspect 1.
+inline std::string CareerOrbFile(const std::string& square = "6.0",
+                                 const std::string& opposition = "6.0",
+                                 const std::string& quintile = "1.5") {
+    return "6.0    conjunct\r\n4.0    sextile\r\n" + square + "    square\r\n6.0    trine\r\n" +
+           opposition +
+           "    opposite\r\n1.0    PARALLEL\r\n1.5\r\n1.5\r\n1.5\r\n2.0\r\n1.0\r\n1.0\r\n" +
+           quintile + "    quintile\r\n1.0\r\n1.5\r\n1.0    165 degrees\r\n";
+}
+
+} // namespace kal::test
