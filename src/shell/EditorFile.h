@@ -1,0 +1,30 @@
+// The plain-text editors of data files (options, orbs, personal header)
+// share one pattern: the file is shown line by line, Save rewrites it with
+// the text less its final line break.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/Message.h"
+
+namespace kal {
+
+// The editor's text for the lines of a file: each line followed by "\n".
+std::string EditorText(const std::vector<std::string>& lines);
+// The bytes Save writes for an editor's text ("\n" line breaks): CR LF
+// line ends, the final line break dropped; a text shorter than one line
+// break empties the file.
+std::string EditorSaveBytes(std::string_view text);
+
+// Copies OPTIONS.MST over OPTIONS.OPT; false (and nothing changed) when the
+// master copy is missing or the copy fails.
+bool RestoreDefaultOptions(const std::filesystem::path& appPath);
+Message RestoreFailedMessage();
+// The main menu's checks that the options and header files can be opened.
+Message OptionsFileNotFoundMessage();
+Message HeaderFileNotFoundMessage();
+
+} // namespace kal

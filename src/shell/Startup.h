@@ -1,0 +1,63 @@
+// Start-up values that come from the machine: the wheel size constants from
+// the screen, the regional date order and clock from the locale's formats,
+// the caption clock, and the program directory (the folder holding the data
+// files, or a writable copy of it in the user's data folder).
+#pragma once
+
+#include <ctime>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kal {
+
+// The caption prefix of the main window and the other windows.
+std::string BuildTitlePrefix();
+
+struct WheelSize {
+    double WheelScreenW = 1024;
+    double WheelScale = 1.5;
+};
+// The wheel size constants for a screen width in pixels and the twips per
+// horizontal pixel.
+WheelSize ChooseWheelSize(int screenWidthPx, int twipsPerPixel);
+
+struct IntlSettings {
+    short DateOrder = 0;  // 0 month-day-year, 1 day-month-year, 2 year-month-day
+    short TimeFormat = 0; // 0 12-hour clock, 1 24-hour clock
+};
+// The regional settings from a locale's short date format ("M/d/yy",
+// "dd.MM.yyyy", "yyyy-MM-dd") and time format ("h:mm AP", "HH:mm"). The
+// texts `iDate` / `iTime`, when given (the KALTROVA_IDATE / KALTROVA_ITIME
+// environment variables), override them as numbers.
+IntlSettings IntlFromFormats(std::string_view dateFormat, std::string_view timeFormat,
+                             const char* iDate = nullptr, const char* iTime = nullptr);
+
+// The main window's caption: prefix, the date "dd Mmm yyyy", five blanks and
+// the time ("14:03:27" on a 24-hour clock, "2:03:27 PM" on a 12-hour one).
+std::string ClockCaption(std::string_view prefix, const std::tm& now, short timeFormat);
+
+// The atlas lookup is available when its configuration file exists.
+bool AtlasConfigured(const std::filesystem::path& appPath);
+
+// True when `dir` holds the program's data files.
+bool HoldsProgramData(const std::filesystem::path& dir);
+// True when a file can be created in `dir`.
+bool IsWritableDir(const std::filesystem::path& dir);
+// Copies every file and folder of `from` into `to` that `to` does not hold
+// yet (links are copied as links). False when `to` cannot be made.
+bool CopyProgramData(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// The program directory: the first of the executable's folder and
+// ../share/kaltrova beside it that holds the data. When that folder is not
+// writable, the user's data folder ($XDG_DATA_HOME/kaltrova, or
+// $HOME/.local/share/kaltrova) receives the shipped files it lacks and is
+// used instead. Nothing when no data folder is found.
+// `writable` decides whether a folder can be written (IsWritableDir).
+std::optional<std::filesystem::path>
+ResolveAppPath(const std::filesystem::path& exeDir, const char* xdgDataHome, const char* home,
+               const std::function<bool(const std::filesystem::path&)>& writable = IsWritableDir);
+
+} // namespace kal

@@ -1,0 +1,56 @@
+#include "shell/ui/Options.h"
+
+#include "shell/EditorFile.h"
+#include "shell/Startup.h"
+#include "shell/TextFile.h"
+#include "shell/ui/AppContext.h"
+#include "ui_Options.h"
+
+namespace kal::ui {
+
+Options::Options(AppContext& ctx, QWidget* parent)
+    : QWidget(parent), ctx_(ctx), ui(std::make_unique<Ui::Options>()) {
+    ui->setupUi(this);
+    setWindowFlag(Qt::Window, true);
+    QFont f("Courier New");
+    f.setStyleHint(QFont::TypeWriter);
+    ui->txtContent->setFont(f);
+    connect(ui->btnSave, &QPushButton::clicked, this, &Options::btnSave_Click);
+    connect(ui->cmdRestoreDefault, &QPushButton::clicked, this, &Options::cmdRestoreDefault_Click);
+    connect(ui->btnQuit, &QPushButton::clicked, this, &Options::btnQuit_Click);
+    Form_Load();
+}
+
+Options::~Options() = default;
+
+void Options::Form_Load() {
+    auto lines = ReadLines(FindFile(ctx_.session().AppPath, "OPTIONS.OPT"))
+                     .value_or(std::vector<std::string>{});
+    ui->txtContent->setPlainText(QString::fromStdString(EditorText(lines)));
+}
+
+void Options::btnSave_Click() {
+    Session& s = ctx_.session();
+    auto file = FindFile(s.AppPath, "OPTIONS.OPT");
+    if (!WriteFileBytes(file, EditorSaveBytes(ui->txtContent->toPlainText().toStdString()))) {
+        ctx_.showMessage(RestoreFailedMessage(), this);
+        return;
+    }
+    s.ReadOptions();
+    s.TitlePrefix = BuildTitlePrefix();
+}
+
+void Options::cmdRestoreDefault_Click() {
+    if (!RestoreDefaultOptions(ctx_.session().AppPath)) {
+        ctx_.showMessage(RestoreFailedMessage(), this);
+        return;
+    }
+    ui->txtContent->clear();
+    Form_Load();
+}
+
+void Options::btnQuit_Click() {
+    close();
+}
+
+} // namespace kal::ui

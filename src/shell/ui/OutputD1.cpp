@@ -1,0 +1,307 @@
+#include "shell/ui/OutputD1.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFontInfo>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+
+#include "periphery/HelpText.h"
+#include "shell/DataFile.h"
+#include "shell/TextFile.h"
+#include "shell/ui/AppContext.h"
+
+namespace kal::ui {
+
+namespace {
+
+OutputD1::SaveAsChooser& saveAsChooser() {
+    static OutputD1::SaveAsChooser chooser;
+    return chooser;
+}
+
+QString DefaultSaveAs(QWidget* parent, const QString& folder, const QString& proposed) {
+    QFileDialog dlg(parent, "Save As", folder, "Data Files (*.txt)");
+    dlg.setAcceptMode(QFileDialog::AcceptSave);
+    dlg.setFileMode(QFileDialog::AnyFile);
+    dlg.setDefaultSuffix("txt");
+    dlg.selectFile(proposed);
+    if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return {};
+    return dlg.selectedFiles().first();
+}
+
+QAction* MenuAction(QMenu* menu, const char* name, const char* caption) {
+    QAction* a = menu->addAction(caption);
+    a->setObjectName(name);
+    return a;
+}
+
+QMenu* Menu(QMenuBar* bar, const char* name, const char* caption) {
+    QMenu* m = bar->addMenu(caption);
+    m->setObjectName(name);
+    m->menuAction()->setObjectName(name);
+    return m;
+}
+
+} // namespace
+
+void OutputD1::setSaveAsChooser(SaveAsChooser chooser) {
+    saveAsChooser() = std::move(chooser);
+}
+
+OutputD1::OutputD1(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_(ctx) {
+    setObjectName("OutputD1");
+    setWindowFlag(Qt::Window, true);
+    RichText1 = new QPlainTextEdit(this);
+    RichText1->setObjectName("RichText1");
+    RichText1->setLineWrapMode(QPlainTextEdit::NoWrap);
+    RichText1->installEventFilter(this);
+    RichText1->viewport()->installEventFilter(this);
+    setCentralWidget(RichText1);
+
+    QMenuBar* bar = menuBar();
+    QMenu* file = Menu(bar, "mnuFile", "&File");
+    mnuFileSave = MenuAction(file, "mnuFileSave", "&Save");
+    mnuFileSaveAs = MenuAction(file, "mnuFileSaveAs", "Save &As");
+    QMenu* fonts = Menu(bar, "mnuFonts", "F&ont");
+    mnuFontsIncrease = MenuAction(fonts, "mnuFontsIncrease", "&Increase");
+    mnuFontsDecrease = MenuAction(fonts, "mnuFontsDecrease", "&Decrease");
+    mnuFontsBold = MenuAction(fonts, "mnuFontsBold", "&Bold");
+    mnuFontsItalic = MenuAction(fonts, "mnuFontsItalic", "I&talic");
+    mnuFontsBold->setCheckable(true);
+    mnuFontsItalic->setCheckable(true);
+    mnuClearBuffer = bar->addAction("&Clear all data");
+    mnuClearBuffer->setObjectName("mnuClearBuffer");
+    mnuPrint = bar->addAction("&Print page");
+    mnuPrint->setObjectName("mnuPrint");
+    mnuPrintData = bar->addAction("Print &data");
+    mnuPrintData->setObjectName("mnuPrintData");
+    mnuHelp = bar->addAction("&Help");
+    mnuHelp->setObjectName("mnuHelp");
+
+    connect(mnuFileSave, &QAction::triggered, this, &OutputD1::mnuFileSave_Click);
+    connect(mnuFileSaveAs, &QAction::triggered, this, &OutputD1::mnuFileSaveAs_Click);
+    connect(mnuFontsIncrease, &QAction::triggered, this, &OutputD1::mnuFontsIncrease_Click);
+    connect(mnuFontsDecrease, &QAction::triggered, this, &OutputD1::mnuFontsDecrease_Click);
+    connect(mnuFontsBold, &QAction::triggered, this, &OutputD1::mnuFontsBold_Click);
+    connect(mnuFontsItalic, &QAction::triggered, this, &OutputD1::mnuFontsItalic_Click);
+    connect(mnuClearBuffer, &QAction::triggered, this, &OutputD1::mnuClearBuffer_Click);
+    connect(mnuPrint, &QAction::triggered, this, &OutputD1::mnuPrint_Click);
+    connect(mnuPrintData, &QAction::triggered, this, &OutputD1::mnuPrintData_Click);
+    connect(mnuHelp, &QAction::triggered, this, &OutputD1::mnuHelp_Click);
+
+    Form_Load();
+}
+
+void OutputD1::Form_Load() {
+    const Settings& st = ctx_.session().settings;
+    DataPositioning = true;
+    resize(AppContext::toPixels(st.DataWidth), AppContext::toPixels(st.DataHeight));
+    move(AppContext::toPixels(st.DataLeft), AppContext::toPixels(st.DataTop));
+    DataPositioning = false;
+    applyFont();
+    mnuFontsBold->setChecked(st.ListFontBold != 0);
+    mnuFontsItalic->setChecked(st.ListFontItalic != 0);
+    mnuFontsDecrease->setEnabled(CanDecreaseFont(st.ListFontSize));
+    mnuFontsIncrease->setEnabled(CanIncreaseFont(st.ListFontSize));
+    if (!QFontInfo(RichText1->font()).fixedPitch()) ctx_.showMessage(CourierMissingMessage(), this);
+    RichText1->clear();
+    setWindowTitle(QString::fromStdString(ctx_.session().TitlePrefix) + "Data");
+}
+
+void OutputD1::applyFont() {
+    const Session& s = ctx_.session();
+    QFont f(QString::fromStdString(s.ListFontName));
+    f.setStyleHint(QFont::TypeWriter);
+    f.setPointSizeF(s.settings.ListFontSize);
+    f.setBold(s.settings.ListFontBold != 0);
+    f.setItalic(s.settings.ListFontItalic != 0);
+    RichText1->setFont(f);
+}
+
+void OutputD1::Form_Resize() {
+    if (isMinimized() || DataPositioning) return;
+    Settings& st = ctx_.session().settings;
+    st.DataWidth = static_cast<short>(AppContext::toTwips(width()));
+    st.DataHeight = static_cast<short>(AppContext::toTwips(height()));
+    st.DataTop = static_cast<short>(AppContext::toTwips(y()));
+    st.DataLeft = static_cast<short>(AppContext::toTwips(x()));
+}
+
+void OutputD1::resizeEvent(QResizeEvent* e) {
+    QMainWindow::resizeEvent(e);
+    Form_Resize();
+}
+
+void OutputD1::moveEvent(QMoveEvent* e) {
+    QMainWindow::moveEvent(e);
+    Form_Resize();
+}
+
+void OutputD1::changeEvent(QEvent* e) {
+    QMainWindow::changeEvent(e);
+    if (e->type() == QEvent::WindowStateChange) ctx_.session().DataWindowMinimised = isMinimized();
+}
+
+void OutputD1::LoadPage() {
+    Session& s = ctx_.session();
+    auto bytes = ReadFileBytes(LastPagePath(s.AppPath));
+    QByteArray raw =
+        bytes ? QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())) : QByteArray();
+    // Pages are UTF-8; older single-byte text shows as Latin-1.
+    QString text = QString::fromUtf8(raw);
+    if (text.contains(QChar::ReplacementCharacter)) text = QString::fromLatin1(raw);
+    text.replace("\r\n", "\n");
+    RichText1->setPlainText(text);
+    setWindowTitle(QString::fromStdString(s.TitlePrefix) + "Data");
+    show();
+    raise();
+}
+
+void OutputD1::RefreshDataPage() {
+    Session& s = ctx_.session();
+    if (s.out.PageCount() == 0) return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    s.ShowDataPage();
+    LoadPage();
+    mnuFontsDecrease->setEnabled(CanDecreaseFont(s.settings.ListFontSize));
+    mnuFontsIncrease->setEnabled(CanIncreaseFont(s.settings.ListFontSize));
+    QApplication::restoreOverrideCursor();
+}
+
+void OutputD1::mnuFontsIncrease_Click() {
+    Session& s = ctx_.session();
+    if (!IncreaseFontSize(s.settings.ListFontSize, s.WheelScale)) return;
+    applyFont();
+    RefreshDataPage();
+}
+
+void OutputD1::mnuFontsDecrease_Click() {
+    Session& s = ctx_.session();
+    if (!DecreaseFontSize(s.settings.ListFontSize, s.WheelScale)) return;
+    applyFont();
+    RefreshDataPage();
+}
+
+void OutputD1::mnuFontsBold_Click() {
+    Settings& st = ctx_.session().settings;
+    st.ListFontBold = st.ListFontBold != 0 ? 0 : -1;
+    mnuFontsBold->setChecked(st.ListFontBold != 0);
+    applyFont();
+    RefreshDataPage();
+}
+
+void OutputD1::mnuFontsItalic_Click() {
+    Settings& st = ctx_.session().settings;
+    st.ListFontItalic = st.ListFontItalic != 0 ? 0 : -1;
+    mnuFontsItalic->setChecked(st.ListFontItalic != 0);
+    applyFont();
+    RefreshDataPage();
+}
+
+void OutputD1::mnuClearBuffer_Click() {
+    ctx_.session().out.ClearAllLines();
+    ctx_.showMessage(AllDataClearedMessage(), this);
+}
+
+void OutputD1::writeData(const QString& file) {
+    Session& s = ctx_.session();
+    if (!SaveDataFile(file.toStdString(), s.out.AllLines, s.options[45]))
+        ctx_.showMessage(
+            {"Cannot write the file " + file.toStdString() + ".", "Error!", Icon::Critical}, this);
+}
+
+void OutputD1::mnuFileSave_Click() {
+    Session& s = ctx_.session();
+    if (s.out.AllCount() == 0) {
+        ctx_.showMessage(NoDataToWriteMessage(), this);
+        return;
+    }
+    if (s.OutputFileName.empty()) {
+        mnuFileSaveAs_Click();
+        return;
+    }
+    writeData(QString::fromStdString(s.OutputFileName));
+}
+
+void OutputD1::mnuFileSaveAs_Click() {
+    Session& s = ctx_.session();
+    if (s.out.AllCount() == 0) {
+        ctx_.showMessage(NoDataToWriteMessage(), this);
+        return;
+    }
+    QString folder = QString::fromStdString(s.AppPath.string());
+    QString proposed = QString::fromStdString(ProposedFileName(s.chart.ChartName));
+    QString file =
+        saveAsChooser() ? saveAsChooser()(folder, proposed) : DefaultSaveAs(this, folder, proposed);
+    if (file.isEmpty()) return;
+    s.OutputFileName = file.toStdString();
+    writeData(file);
+}
+
+void OutputD1::openPrintWindow() {
+    ctx_.unloadWindow("PrntFile");
+    ctx_.showWindow("PrntFile", "Printing");
+}
+
+void OutputD1::mnuPrint_Click() {
+    Session& s = ctx_.session();
+    if (s.out.PageCount() == 0) return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    WritePrintFile(s.AppPath, s.out.PageLines);
+    QApplication::restoreOverrideCursor();
+    openPrintWindow();
+}
+
+void OutputD1::mnuPrintData_Click() {
+    Session& s = ctx_.session();
+    if (s.out.AllCount() == 0) {
+        ctx_.showMessage(NoDataToPrintMessage(), this);
+        return;
+    }
+    WritePrintFile(s.AppPath, s.out.AllLines);
+    openPrintWindow();
+}
+
+void OutputD1::mnuHelp_Click() {
+    ctx_.runListing([](Session& s) { return ShowHelpText(s, "\\OUTPUTD1.HLP"); }, this);
+}
+
+void OutputD1::RichText1_KeyPress(int key) {
+    if (key == Qt::Key_Escape && ctx_.mainWindow()) {
+        ctx_.mainWindow()->activateWindow();
+        ctx_.mainWindow()->setFocus();
+    }
+}
+
+void OutputD1::RichText1_MouseUp(Qt::MouseButton button) {
+    if (button == Qt::RightButton && ctx_.mainWindow()) {
+        ctx_.mainWindow()->activateWindow();
+        ctx_.mainWindow()->setFocus();
+    }
+}
+
+bool OutputD1::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == RichText1 && event->type() == QEvent::KeyPress) {
+        auto* k = static_cast<QKeyEvent*>(event);
+        if (k->key() == Qt::Key_Escape) {
+            RichText1_KeyPress(k->key());
+            return true; // swallowed
+        }
+    }
+    if (watched == RichText1->viewport()) {
+        if (event->type() == QEvent::ContextMenu) return true;
+        if (event->type() == QEvent::MouseButtonRelease) {
+            auto* m = static_cast<QMouseEvent*>(event);
+            if (m->button() == Qt::RightButton) {
+                RichText1_MouseUp(m->button());
+                return true;
+            }
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace kal::ui

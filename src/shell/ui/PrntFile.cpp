@@ -1,0 +1,118 @@
+#include "shell/ui/PrntFile.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+#include "shell/DataFile.h"
+#include "shell/TextFile.h"
+#include "shell/ui/AppContext.h"
+#include "ui_PrntFile.h"
+
+namespace kal::ui {
+
+namespace {
+
+PrntFile::PrinterSetup& printerSetup() {
+    static PrntFile::PrinterSetup setup;
+    return setup;
+}
+
+bool DefaultPrinterSetup(QPrinter& printer, const QString& folder, QWidget* parent) {
+    if (!QPrinterInfo::availablePrinters().isEmpty()) {
+        QPrintDialog dlg(&printer, parent);
+        return dlg.exec() == QDialog::Accepted;
+    }
+    QString file = QFileDialog::getSaveFileName(parent, "Print to PDF file",
+                                                folder + "/PRNTFILE.pdf", "PDF Files (*.pdf)");
+    if (file.isEmpty()) return false;
+    if (!file.endsWith(".pdf", Qt::CaseInsensitive)) file += ".pdf";
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    return true;
+}
+
+} // namespace
+
+void PrntFile::setPrinterSetup(PrinterSetup setup) {
+    printerSetup() = std::move(setup);
+}
+
+PrntFile::PrntFile(AppContext& ctx, QWidget* parent)
+    : QDialog(parent), ctx_(ctx), ui(std::make_unique<Ui::PrntFile>()) {
+    ui->setupUi(this);
+    QFont f("Courier New");
+    f.setStyleHint(QFont::TypeWriter);
+    ui->RichtxtContent->setFont(f);
+    connect(ui->btnPrint, &QPushButton::clicked, this, &PrntFile::btnPrint_Click);
+    connect(ui->btnCancel, &QPushButton::clicked, this, &PrntFile::btnCancel_Click);
+    Form_Load();
+}
+
+PrntFile::~PrntFile() = default;
+
+void PrntFile::Form_Load() {
+    Session& s = ctx_.session();
+    PrintWidthClass = 0;
+    auto lines = ReadLines(PrintFilePath(s.AppPath)).value_or(std::vector<std::string>{});
+    PrintWidthClass = kal::PrintWidthClass(lines, s.options[117], s.options[118]);
+    QString text;
+    for (const auto& l : lines) text += QString::fromStdString(l) + "\n";
+    ui->RichtxtContent->setPlainText(text);
+}
+
+void PrntFile::btnPrint_Click() {
+    Session& s = ctx_.session();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName("Kaltrova");
+    bool ready =
+        printerSetup()
+            ? printerSetup()(printer, this)
+            : DefaultPrinterSetup(printer, QString::fromStdString(s.AppPath.string()), this);
+    if (!ready) return;
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    // The edited text goes back to the print file, which is then printed.
+    QString text = ui->RichtxtContent->toPlainText();
+    std::string bytes = text.toStdString();
+    std::string crlf;
+    for (char c : bytes) {
+        if (c == '\n')
+            crlf += "\r\n";
+        else
+            crlf += c;
+    }
+    WriteFileBytes(PrintFilePath(s.AppPath), crlf);
+    auto lines = ReadLines(PrintFilePath(s.AppPath)).value_or(std::vector<std::string>{});
+    auto pages = PrintPages(lines, s.options[30]);
+
+    QPainter painter;
+    if (painter.begin(&printer)) {
+        QFont f("Courier New");
+        f.setStyleHint(QFont::TypeWriter);
+        f.setPointSize(PrintFontSize(PrintWidthClass));
+        painter.setFont(f);
+        QFontMetrics fm(painter.font(), &printer);
+        const int lineHeight = fm.lineSpacing();
+        for (size_t p = 0; p < pages.size(); ++p) {
+            if (p > 0) printer.newPage();
+            int y = fm.ascent();
+            for (const auto& line : pages[p]) {
+                painter.drawText(0, y, QString::fromStdString(line));
+                y += lineHeight;
+            }
+        }
+        painter.end();
+    }
+    QApplication::restoreOverrideCursor();
+    close();
+}
+
+void PrntFile::btnCancel_Click() {
+    close();
+}
+
+} // namespace kal::ui

@@ -1,0 +1,53 @@
+// The file-selection window: a drive list, a folder tree and the files of
+// the chosen folder that match a pattern ("*.FIL"). The caller sets the
+// pattern, runs the window modally and reads SelectedFile (empty when
+// cancelled).
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+class QFileSystemModel;
+
+namespace Ui {
+class SelectFIle;
+}
+
+namespace kal::ui {
+
+class AppContext;
+
+class SelectFIle : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit SelectFIle(AppContext& ctx, QWidget* parent = nullptr);
+    ~SelectFIle() override;
+
+    void setPattern(const QString& pattern);
+    // The folder shown in the folder tree and listed in the file list.
+    void setFolder(const QString& folder);
+    QString folder() const { return folder_; }
+    QString SelectedFile() const { return selectedFile_; }
+
+  public slots:
+    void cmdSelect_Click();
+    void cmdCancel_Click();
+    void drvList_Change();
+    void dirList_Change();
+    void filList_DblClick();
+
+  private:
+    void Form_Load();
+    void fillFiles();
+
+    AppContext& ctx_;
+    std::unique_ptr<Ui::SelectFIle> ui;
+    QFileSystemModel* dirModel_ = nullptr;
+    QString pattern_ = "*.*";
+    QString folder_;
+    QString selectedFile_;
+};
+
+} // namespace kal::ui

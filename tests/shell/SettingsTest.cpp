@@ -1,0 +1,119 @@
+// Kaltrova.INI: key checks, defaults, order and the bytes written.
+#include <gtest/gtest.h>
+
+#include "TestSupport.h"
+#include "shell/Session.h"
+#include "shell/Settings.h"
+#include "shell/TextFile.h"
+
+using namespace kal;
+
+namespace {
+
+Settings Apply(const std::vector<std::string>& lines, std::string* data = nullptr,
+               std::string* geo = nullptr) {
+    Settings s;
+    std::string d = "default.FIL", g = "default.LL";
+    ApplySettingsLines(lines, s, d, g);
+    if (data) *data = d;
+    if (geo) *geo = g;
+    return s;
+}
+
+} // namespace
+
+TEST(Settings, ChecksOnReading) {
+    EXPECT_DOUBLE_EQ(Apply({"FontSize=7.5"}).ListFontSize, 8.5);
+    EXPECT_DOUBLE_EQ(Apply({"FontSize=7.75"}).ListFontSize, 7.75);
+    EXPECT_EQ(Apply({"DataHeight=0"}).DataHeight, 8250);
+    EXPECT_EQ(Apply({"DataHeight=-20"}).DataHeight, 8250);
+    EXPECT_EQ(Apply({"DataLeft=-100"}).DataLeft, -100);
+    EXPECT_EQ(Apply({"DataTop=abc"}).DataTop, 675); // not a number reads as 0: refused
+    EXPECT_DOUBLE_EQ(Apply({"KaltrovaWidth=0"}).KaltrovaWidth, 10860);
+    EXPECT_DOUBLE_EQ(Apply({"KaltrovaTop=-30"}).KaltrovaTop, -30);
+    EXPECT_EQ(Apply({"wheelsHeight=0"}).WheelsHeight, 5760);
+    EXPECT_EQ(Apply({"wheelsLeft=-15"}).WheelsLeft, -15);
+    // Twips values are rounded to integers, halves to even.
+    EXPECT_EQ(Apply({"DataWidth=9600.5"}).DataWidth, 9600);
+    EXPECT_EQ(Apply({"StartScale=300.6"}).StartScale, 301);
+
+    std::string data, geo;
+    Apply({"DataFile=", "GeoDataFile=/x/EUROPE.LL"}, &data, &geo);
+    EXPECT_EQ(data, "default.FIL");
+    EXPECT_EQ(geo, "/x/EUROPE.LL");
+}
+
+TEST(Settings, KeysMatchByTheirStartWithExactCase) {
+    // The key is compared over its own length, so trailing text after the
+    // key name still matches; the case must be exact.
+    EXPECT_EQ(Apply({"WheelsTop=5"}).WheelsTop, 620);
+    EXPECT_EQ(Apply({"wheelsTop=5"}).WheelsTop, 5);
+    EXPECT_DOUBLE_EQ(Apply({"fontsize=9"}).ListFontSize, 8.5);
+    // A line without "=" takes the whole line as its value.
+    EXPECT_DOUBLE_EQ(Apply({"FontBold"}).ListFontBold, 0);
+}
+
+TEST(Settings, WritesTheStandardOrderAndReadsItBack) {
+    Settings s;
+    s.ListFontSize = 9.25;
+    s.ListFontBold = -1;
+    s.DataLeft = -100;
+    s.KaltrovaWidth = 12000;
+    auto lines = SettingsLines(s, "/a/NAMES.FIL", "/a/GA_MA.LL");
+    const std::vector<std::string> expected = {
+        "[Kaltrova] - Do NOT change the order of these variables.",
+        "FontSize=9.25",
+        "FontBold=-1",
+        "FontItalic=0",
+        "KaltrovaTop=0",
+        "KaltrovaLeft=0",
+        "KaltrovaHeight=675",
+        "KaltrovaWidth=12000",
+        "DataTop=675",
+        "DataLeft=-100",
+        "DataHeight=8250",
+        "DataWidth=9600",
+        "DataFile=/a/NAMES.FIL",
+        "GeoDataFile=/a/GA_MA.LL",
+        "StartScale=287",
+        "TypeChart=0",
+        "wheelsTop=620",
+        "wheelsLeft=0",
+        "wheelsHeight=5760",
+        "wheelsWidth=5760"};
+    EXPECT_EQ(lines, expected);
+
+    // Read in another order: everything is taken.
+    std::vector<std::string> shuffled(lines.rbegin(), lines.rend());
+    std::string data, geo;
+    Settings back = Apply(shuffled, &data, &geo);
+    EXPECT_EQ(SettingsLines(back, data, geo), expected);
+}
+
+TEST(Settings, MissingFileGivesDefaultsAndTheEndWritesIt) {
+    test::ScratchAppDir dir;
+    std::filesystem::remove(dir.path() / "Kaltrova.INI");
+    Session session;
+    session.AppPath = dir.path();
+    session.settings.ListFontSize = 11;
+    ReadSettings(session);
+    EXPECT_DOUBLE_EQ(session.settings.ListFontSize, 8.5);
+    EXPECT_EQ(session.NamesFilePath, FindFile(dir.path(), "NAMES.FIL"));
+    EXPECT_EQ(session.CitiesFilePath.filename(), "GA_MA.LL");
+
+    session.settings.DataTop = 900;
+    ASSERT_TRUE(WriteSettings(session));
+    auto bytes = ReadFileBytes(dir.path() / "Kaltrova.INI");
+    ASSERT_TRUE(bytes);
+    EXPECT_EQ(
+        bytes->rfind("[Kaltrova] - Do NOT change the order of these variables.\r\nFontSize=8.5\r\n",
+                     0),
+        0u);
+    EXPECT_NE(bytes->find("\r\nDataTop=900\r\n"), std::string::npos);
+    EXPECT_EQ(bytes->substr(bytes->size() - 20), "\r\nwheelsWidth=5760\r\n");
+
+    Session again;
+    again.AppPath = dir.path();
+    ReadSettings(again);
+    EXPECT_EQ(again.settings.DataTop, 900);
+}

@@ -1,0 +1,129 @@
+// Start-up values: wheel size constants, regional settings, the caption
+// clock, the program directory and the options editor's file handling.
+#include <gtest/gtest.h>
+
+#include "TestSupport.h"
+#include "shell/EditorFile.h"
+#include "shell/Startup.h"
+#include "shell/TextFile.h"
+
+using namespace kal;
+namespace fs = std::filesystem;
+
+TEST(Startup, WheelSizeFromTheScreen) {
+    struct Row {
+        int width, twips;
+        double screenW, scale;
+    };
+    for (const Row& r :
+         {Row{640, 12, 640, 1.5}, Row{800, 12, 800, 1.2}, Row{800, 15, 800, 1.5},
+          Row{1280, 15, 1024, 1.5}, Row{1280, 12, 1024, 1.2}, Row{1024, 15, 1024, 1.5}}) {
+        WheelSize w = ChooseWheelSize(r.width, r.twips);
+        EXPECT_EQ(w.WheelScreenW, r.screenW) << r.width << " at " << r.twips;
+        EXPECT_EQ(w.WheelScale, r.scale) << r.width << " at " << r.twips;
+    }
+}
+
+TEST(Startup, RegionalSettingsFromLocaleFormats) {
+    struct Row {
+        const char* date;
+        const char* time;
+        short order, clock;
+    };
+    for (const Row& r : {Row{"M/d/yy", "h:mm:ss AP t", 0, 0}, Row{"dd/MM/yyyy", "HH:mm:ss t", 1, 1},
+                         Row{"dd.MM.yy", "H:mm", 1, 1}, Row{"yyyy-MM-dd", "HH:mm:ss", 2, 1},
+                         Row{"y/M/d", "ap h:mm", 2, 0}}) {
+        IntlSettings s = IntlFromFormats(r.date, r.time);
+        EXPECT_EQ(s.DateOrder, r.order) << r.date;
+        EXPECT_EQ(s.TimeFormat, r.clock) << r.time;
+    }
+    // The overrides win.
+    IntlSettings s = IntlFromFormats("M/d/yy", "h:mm AP", "2", "1");
+    EXPECT_EQ(s.DateOrder, 2);
+    EXPECT_EQ(s.TimeFormat, 1);
+}
+
+TEST(Startup, CaptionClock) {
+    std::tm t{};
+    t.tm_year = 107;
+    t.tm_mon = 2;
+    t.tm_mday = 5;
+    t.tm_hour = 14;
+    t.tm_min = 3;
+    t.tm_sec = 27;
+    EXPECT_EQ(ClockCaption(BuildTitlePrefix(), t, 1),
+              "Kaltrova (Tropical zodiac) - 05 Mar 2007     14:03:27");
+    EXPECT_EQ(ClockCaption("P - ", t, 0), "P - 05 Mar 2007     2:03:27 PM");
+    t.tm_hour = 0;
+    EXPECT_EQ(ClockCaption("", t, 0), "05 Mar 2007     12:03:27 AM");
+}
+
+TEST(ProgramDirectory, WritableDataFolderIsUsedAsItIs) {
+    test::ScratchAppDir dir;
+    auto p = ResolveAppPath(dir.path(), "/nonexistent", "/nonexistent");
+    ASSERT_TRUE(p);
+    EXPECT_EQ(*p, dir.path());
+    EXPECT_FALSE(ResolveAppPath(dir.path() / "no-data-here", nullptr, nullptr));
+}
+
+TEST(ProgramDirectory, ReadOnlyInstallIsCopiedToTheUserDataFolder) {
+    test::ScratchAppDir shipped;
+    test::ScratchAppDir home;
+    fs::create_directories(shipped.path() / "sub");
+    shipped.Write("sub/inner.txt", "x");
+    auto readOnly = [&](const fs::path& d) { return d != shipped.path() && IsWritableDir(d); };
+
+    auto p = ResolveAppPath(shipped.path(), (home.path() / "xdg").c_str(), nullptr, readOnly);
+    ASSERT_TRUE(p);
+    EXPECT_EQ(*p, home.path() / "xdg" / "kaltrova");
+    EXPECT_TRUE(HoldsProgramData(*p));
+    EXPECT_TRUE(fs::exists(*p / "sub" / "inner.txt"));
+    // The ephemeris folder comes along as the link it is.
+    EXPECT_TRUE(fs::is_symlink(*p / "ephems"));
+
+    // Without XDG_DATA_HOME the folder is under HOME.
+    p = ResolveAppPath(shipped.path(), "", home.path().c_str(), readOnly);
+    ASSERT_TRUE(p);
+    EXPECT_EQ(*p, home.path() / ".local" / "share" / "kaltrova");
+
+    // An installed layout: bin/ beside share/kaltrova.
+    test::ScratchAppDir prefix;
+    fs::create_directories(prefix.path() / "bin");
+    fs::create_directories(prefix.path() / "share");
+    fs::rename(FindFile(prefix.path(), "NATAL.ORB"), prefix.path() / "share" / "NATAL.ORB");
+    fs::create_directories(prefix.path() / "share" / "kaltrova");
+    fs::rename(prefix.path() / "share" / "NATAL.ORB",
+               prefix.path() / "share" / "kaltrova" / "NATAL.ORB");
+    p = ResolveAppPath(prefix.path() / "bin", nullptr, nullptr);
+    ASSERT_TRUE(p);
+    EXPECT_EQ(*p, prefix.path() / "share" / "kaltrova");
+}
+
+TEST(ProgramDirectory, CopyKeepsWhatTheUserFolderHolds) {
+    test::ScratchAppDir shipped;
+    test::ScratchAppDir user;
+    shipped.Write("NAMES.FIL", "shipped\r\n");
+    user.Write("NAMES.FIL", "mine\r\n");
+    ASSERT_TRUE(CopyProgramData(shipped.path(), user.path()));
+    EXPECT_EQ(*ReadFileBytes(user.path() / "NAMES.FIL"), "mine\r\n");
+    EXPECT_TRUE(HoldsProgramData(user.path()));
+}
+
+TEST(OptionsEditor, SaveDropsTheFinalLineBreakAndRestoreCopiesTheMaster) {
+    EXPECT_EQ(EditorSaveBytes("1  first\n2  second\n"), "1  first\r\n2  second\r\n");
+    // Only the last two characters go: a text without a final line break
+    // loses its last two characters, a lone line break leaves one.
+    EXPECT_EQ(EditorSaveBytes("1  first\n2  sec"), "1  first\r\n2  s\r\n");
+    EXPECT_EQ(EditorSaveBytes("\n"), "\r\n");
+    EXPECT_EQ(EditorSaveBytes("x"), "");
+    EXPECT_EQ(EditorText({"a", "b"}), "a\nb\n");
+
+    test::ScratchAppDir dir;
+    dir.Write("OPTIONS.OPT", "7 edited\r\n");
+    fs::remove(FindFile(dir.path(), "OPTIONS.MST"));
+    EXPECT_FALSE(RestoreDefaultOptions(dir.path()));
+    EXPECT_EQ(*ReadFileBytes(FindFile(dir.path(), "OPTIONS.OPT")), "7 edited\r\n");
+    dir.Write("OPTIONS.MST", "1 master\r\n");
+    EXPECT_TRUE(RestoreDefaultOptions(dir.path()));
+    EXPECT_EQ(*ReadFileBytes(FindFile(dir.path(), "OPTIONS.OPT")), "1 master\r\n");
+}

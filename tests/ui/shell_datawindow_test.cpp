@@ -1,0 +1,262 @@
+// The data window and the print window: saved bytes, Save As, the buffer
+// messages, font steps, Escape, printing to a PDF file; screenshots.
+#include <QFileInfo>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QtTest>
+
+#include <filesystem>
+
+#include "ShellUiSupport.h"
+#include "shell/DataFile.h"
+#include "shell/TextFile.h"
+#include "shell/ui/OutputD1.h"
+#include "shell/ui/PrntFile.h"
+
+using namespace kal;
+using kal::test::StartedProgram;
+namespace fs = std::filesystem;
+
+class DataWindowTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void cleanup() {
+        ui::OutputD1::setSaveAsChooser({});
+        ui::PrntFile::setPrinterSetup({});
+    }
+    void saveWritesFormFeedsByOption45();
+    void saveAsProposesTheFirstName();
+    void emptyBufferMessagesAndClear();
+    void fontStepsAndMenuStates();
+    void escapeKeepsTheText();
+    void printPageThroughThePrintWindow();
+    void printDataChoosesTheFontClass();
+};
+
+namespace {
+
+ui::OutputD1* DataWindow(StartedProgram& p) {
+    return p.ctx->windowAs<ui::OutputD1>("OutputD1");
+}
+
+QAction* DataAction(StartedProgram& p, const char* name) {
+    return DataWindow(p)->findChild<QAction*>(name);
+}
+
+} // namespace
+
+void DataWindowTest::saveWritesFormFeedsByOption45() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    p.session.out.ClearAllLines();
+    for (int i = 1; i <= 100; ++i) p.session.out.Append("line " + std::to_string(i));
+    p.session.options[45] = 60;
+    const fs::path out = p.dir.path() / "saved.txt";
+    p.session.OutputFileName = out.string();
+    DataAction(p, "mnuFileSave")->trigger();
+
+    std::string expected;
+    for (int i = 1; i <= 60; ++i) expected += "line " + std::to_string(i) + "\r\n";
+    expected += "\f\r\n";
+    for (int i = 61; i <= 100; ++i) expected += "line " + std::to_string(i) + "\r\n";
+    expected += "\r\n\f\r\n";
+    QCOMPARE(ReadFileBytes(out).value(), expected);
+}
+
+void DataWindowTest::saveAsProposesTheFirstName() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kMaryRecord));
+    QString folder, proposed;
+    ui::OutputD1::setSaveAsChooser([&](const QString& f, const QString& name) {
+        folder = f;
+        proposed = name;
+        return QString();
+    });
+    // Save with no file name yet runs Save As; cancelling writes nothing.
+    DataAction(p, "mnuFileSave")->trigger();
+    QCOMPARE(proposed, QString("Mary.txt"));
+    QCOMPARE(folder.toStdString(), p.dir.path().string());
+    QVERIFY(p.session.OutputFileName.empty());
+
+    const fs::path chosen = p.dir.path() / "Mary.txt";
+    ui::OutputD1::setSaveAsChooser(
+        [&](const QString&, const QString&) { return QString::fromStdString(chosen.string()); });
+    DataAction(p, "mnuFileSaveAs")->trigger();
+    QCOMPARE(p.session.OutputFileName, chosen.string());
+    QCOMPARE(ReadFileBytes(chosen).value(),
+             SavedDataBytes(p.session.out.AllLines, p.session.options[45]));
+    QVERIFY(ReadFileBytes(chosen)->find("Mary Jane Smith") != std::string::npos);
+}
+
+void DataWindowTest::emptyBufferMessagesAndClear() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    const QString shown = DataWindow(p)->RichText1->toPlainText();
+    const size_t pageCount = p.session.out.PageCount();
+
+    DataAction(p, "mnuClearBuffer")->trigger();
+    QCOMPARE(p.recorder.messages.back(),
+             (Message{"All data cleared from buffer.", "Information!", Icon::Exclamation}));
+    QCOMPARE(p.session.out.AllCount(), size_t(0));
+    // The page and the text stay.
+    QCOMPARE(p.session.out.PageCount(), pageCount);
+    QCOMPARE(DataWindow(p)->RichText1->toPlainText(), shown);
+
+    DataAction(p, "mnuFileSave")->trigger();
+    QCOMPARE(p.recorder.messages.back(),
+             (Message{"No data to write to file.", "Information", Icon::Exclamation}));
+    DataAction(p, "mnuFileSaveAs")->trigger();
+    QCOMPARE(p.recorder.messages.back().text, std::string("No data to write to file."));
+    DataAction(p, "mnuPrintData")->trigger();
+    QCOMPARE(p.recorder.messages.back(),
+             (Message{"No data to print.", "Information", Icon::Exclamation}));
+
+    // Printing an empty page does nothing at all.
+    p.session.out.ClearDataPage();
+    const size_t before = p.recorder.messages.size();
+    DataAction(p, "mnuPrint")->trigger();
+    QCOMPARE(p.recorder.messages.size(), before);
+    QVERIFY(!p.ctx->window("PrntFile"));
+}
+
+void DataWindowTest::fontStepsAndMenuStates() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    auto* data = DataWindow(p);
+    QAction* inc = DataAction(p, "mnuFontsIncrease");
+    QAction* dec = DataAction(p, "mnuFontsDecrease");
+
+    p.session.settings.ListFontSize = 11.5;
+    inc->trigger();
+    QCOMPARE(p.session.settings.ListFontSize, 12.25);
+    QCOMPARE(data->RichText1->font().pointSizeF(), 12.25);
+    QVERIFY(!inc->isEnabled());
+    QVERIFY(dec->isEnabled());
+    inc->trigger(); // refused at 12 and above
+    QCOMPARE(p.session.settings.ListFontSize, 12.25);
+
+    p.session.settings.ListFontSize = 8.75;
+    dec->trigger();
+    QCOMPARE(p.session.settings.ListFontSize, 8.0);
+    QVERIFY(!dec->isEnabled());
+    QVERIFY(inc->isEnabled());
+
+    // With a screen 800 pixels wide at 15 twips per pixel the step is 0.75;
+    // at 1.2 (other screens at 12 twips) it would be 0.6.
+    p.session.WheelScale = 1.2;
+    inc->trigger();
+    QCOMPARE(p.session.settings.ListFontSize, 8.6);
+
+    QAction* bold = DataAction(p, "mnuFontsBold");
+    bold->trigger();
+    QCOMPARE(p.session.settings.ListFontBold, -1.0);
+    QVERIFY(bold->isChecked());
+    QVERIFY(data->RichText1->font().bold());
+    bold->trigger();
+    QCOMPARE(p.session.settings.ListFontBold, 0.0);
+    QVERIFY(!data->RichText1->font().bold());
+    DataAction(p, "mnuFontsItalic")->trigger();
+    QCOMPARE(p.session.settings.ListFontItalic, -1.0);
+    QVERIFY(data->RichText1->font().italic());
+
+    // The page is shown again after each step, in a fixed-pitch face.
+    QVERIFY(data->RichText1->toPlainText().contains("Example"));
+    QVERIFY(QFontInfo(data->RichText1->font()).fixedPitch());
+}
+
+void DataWindowTest::escapeKeepsTheText() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    auto* data = DataWindow(p);
+    const QString before = data->RichText1->toPlainText();
+    data->RichText1->setFocus();
+    QTest::keyClick(data->RichText1, Qt::Key_Escape);
+    QTest::mouseClick(data->RichText1->viewport(), Qt::RightButton);
+    QCOMPARE(data->RichText1->toPlainText(), before);
+}
+
+void DataWindowTest::printPageThroughThePrintWindow() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    auto* data = DataWindow(p);
+    p.main->move(0, 0);
+    data->move(0, p.main->frameGeometry().bottom() + 1);
+    test::SaveScreenshot(p.main.get(), "main_window");
+    test::SaveScreenshot(data, "data_window_chart_page");
+    // The two windows as they stand on the screen: the strip and the data
+    // window below it.
+    {
+        QPixmap strip = p.main->grab(), page = data->grab();
+        QImage both(std::max(strip.width(), page.width()), strip.height() + page.height(),
+                    QImage::Format_RGB32);
+        both.fill(Qt::black);
+        QPainter painter(&both);
+        painter.drawPixmap(0, 0, strip);
+        painter.drawPixmap(0, strip.height(), page);
+        painter.end();
+        both.save(QString(KALTROVA_SCREENSHOTS) + "/main_and_data_windows.png");
+    }
+
+    DataAction(p, "mnuPrint")->trigger();
+    auto* print = p.ctx->windowAs<ui::PrntFile>("PrntFile");
+    QVERIFY(print);
+    QVERIFY(print->isVisible());
+    QCOMPARE(print->windowTitle(), QString("Data To Be Printed"));
+    auto* box = print->findChild<QPlainTextEdit*>("RichtxtContent");
+    QVERIFY(box);
+    QCOMPARE(box->toPlainText(), QString::fromStdString(PageText(p.session.out, "\n")));
+    // Options 117 and 118 are 80 and 100: the last line over 80 decides.
+    int lastLong = 0;
+    const auto printLines = ReadLines(PrintFilePath(p.dir.path())).value();
+    for (const auto& l : printLines)
+        if (l.size() > 80) lastLong = int(l.size());
+    QCOMPARE(print->PrintWidthClass, lastLong > 100 ? 2 : lastLong > 80 ? 1 : 0);
+    test::SaveScreenshot(print, "print_window");
+
+    // Edit, print to a PDF file; the edited text goes back to the print file.
+    box->moveCursor(QTextCursor::Start);
+    box->insertPlainText("EDITED FIRST LINE\n\f\n");
+    const QString pdf = QString::fromStdString((p.dir.path() / "printed.pdf").string());
+    ui::PrntFile::setPrinterSetup([&](QPrinter& printer, QWidget*) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(pdf);
+        return true;
+    });
+    print->findChild<QPushButton*>("btnPrint")->click();
+    QVERIFY(QFileInfo(pdf).size() > 1000);
+    auto printed = ReadFileBytes(PrintFilePath(p.dir.path())).value();
+    QVERIFY(printed.rfind("EDITED FIRST LINE\r\n\f\r\n", 0) == 0);
+    QTRY_VERIFY(!p.ctx->window("PrntFile"));
+
+    // Cancel closes without printing.
+    DataAction(p, "mnuPrint")->trigger();
+    print = p.ctx->windowAs<ui::PrntFile>("PrntFile");
+    QVERIFY(print);
+    fs::remove(pdf.toStdString());
+    print->findChild<QPushButton*>("btnCancel")->click();
+    QVERIFY(!fs::exists(pdf.toStdString()));
+    QTRY_VERIFY(!p.ctx->window("PrntFile"));
+}
+
+void DataWindowTest::printDataChoosesTheFontClass() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    p.session.options[117] = 80;
+    p.session.options[118] = 100;
+    p.session.out.Append(std::string(120, 'x'));
+    p.session.out.Append(std::string(90, 'y'));
+    DataAction(p, "mnuPrintData")->trigger();
+    auto* print = p.ctx->windowAs<ui::PrntFile>("PrntFile");
+    QVERIFY(print);
+    QCOMPARE(print->PrintWidthClass, 1);
+    // Print data holds every line since the last clear.
+    auto* box = print->findChild<QPlainTextEdit*>("RichtxtContent");
+    QVERIFY(box->toPlainText().contains(QString(90, 'y')));
+    QVERIFY(box->toPlainText().startsWith(QString(80, '-')));
+}
+
+QTEST_MAIN(DataWindowTest)
+#include "shell_datawindow_test.moc"

@@ -1,0 +1,239 @@
+// The options editor, the file-selection and progress windows, the title
+// and about windows.
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <filesystem>
+
+#include "ShellUiSupport.h"
+#include "periphery/ui/About.h"
+#include "periphery/ui/TITLE.h"
+#include "shell/TextFile.h"
+#include "shell/ui/Options.h"
+#include "shell/ui/SelectFIle.h"
+#include "shell/ui/StatusDlg.h"
+
+using namespace kal;
+using kal::test::StartedProgram;
+namespace fs = std::filesystem;
+
+class DialogsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void contextOpensWindowsByName();
+    void optionsSaveRereadsAndRestores();
+    void optionsRestoreWithoutMaster();
+    void selectFileFiltersAndReturnsThePath();
+    void progressFillsFromTheLeft();
+    void titleWaitsForContinue();
+    void aboutShowsTheVersionAndClosesOnClick();
+};
+
+void DialogsTest::contextOpensWindowsByName() {
+    test::MessageRecorder recorder;
+    Session s;
+    ui::AppContext ctx(s);
+    int made = 0;
+    ctx.registerWindow("Probe", [&](ui::AppContext&, QWidget* parent) {
+        ++made;
+        return new QWidget(parent);
+    });
+
+    // Loaded once, shown, hidden, unloaded; a later show makes it afresh.
+    QWidget* w = ctx.showWindow("Probe");
+    QVERIFY(w && w->isVisible() && w->isWindow());
+    QCOMPARE(w->objectName(), QString("Probe"));
+    QCOMPARE(ctx.showWindow("Probe"), w);
+    QCOMPARE(made, 1);
+    ctx.hideWindow("Probe");
+    QVERIFY(!w->isVisible());
+    QCOMPARE(ctx.window("Probe"), w);
+    ctx.unloadWindow("Probe");
+    QVERIFY(!ctx.window("Probe"));
+    QVERIFY(ctx.showWindow("Probe") != nullptr);
+    QCOMPARE(made, 2);
+
+    // Closing a window by its frame releases it.
+    ctx.window("Probe")->close();
+    QTRY_VERIFY(!ctx.window("Probe"));
+
+    // A window that does not exist says so, once, and nothing is loaded.
+    QVERIFY(!ctx.showWindow("Wheels", "Chartwheel"));
+    QCOMPARE(recorder.messages.size(), size_t(1));
+    QCOMPARE(recorder.messages[0],
+             (Message{"Chartwheel is not available yet.", "Information", Icon::Information}));
+    ctx.runCommand("mnuReportNatal", "Natal Report");
+    QCOMPARE(recorder.messages.back().text, std::string("Natal Report is not available yet."));
+    int ran = 0;
+    ctx.registerCommand("mnuReportNatal", [&](ui::AppContext&) { ++ran; });
+    ctx.runCommand("mnuReportNatal", "Natal Report");
+    QCOMPARE(ran, 1);
+
+    // Questions go through a replaceable function too.
+    ui::AppContext::setQuestionSink([](const Message& m, QMessageBox::StandardButtons, QWidget*) {
+        return m.caption == "Duplicate" ? QMessageBox::No : QMessageBox::Yes;
+    });
+    QCOMPARE(
+        ctx.ask({"Replace it?", "Duplicate", Icon::Question}, QMessageBox::Yes | QMessageBox::No),
+        QMessageBox::No);
+    ui::AppContext::setQuestionSink({});
+}
+
+void DialogsTest::optionsSaveRereadsAndRestores() {
+    StartedProgram p;
+    p.trigger("mnuOptionOptionSettings");
+    auto* w = p.ctx->windowAs<ui::Options>("Options");
+    QVERIFY(w);
+    QCOMPARE(w->windowTitle(), QString("Edit: OPTIONS.OPT"));
+    auto* box = w->findChild<QPlainTextEdit*>("txtContent");
+    const auto original = ReadLines(p.dir.path() / "OPTIONS.OPT").value();
+    QCOMPARE(box->toPlainText().split('\n').size(), int(original.size()) + 1);
+    test::SaveScreenshot(w, "options_window");
+
+    // Change option 45 and save: the file is rewritten and the option is
+    // in effect at once.
+    QStringList lines = box->toPlainText().split('\n');
+    lines[44] = "20     Lines per page when data is saved to a file";
+    box->setPlainText(lines.join('\n'));
+    w->findChild<QPushButton*>("btnSave")->click();
+    QCOMPARE(p.session.options[45], 20.0f);
+    auto saved = ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value();
+    QVERIFY(saved.find("\r\n20     Lines per page when data is saved to a file\r\n") !=
+            std::string::npos);
+    QCOMPARE(ReadLines(p.dir.path() / "OPTIONS.OPT")->size(), original.size());
+    QVERIFY(saved.size() >= 2 && saved.substr(saved.size() - 2) == "\r\n");
+    QVERIFY(w->isVisible());
+    QCOMPARE(p.session.TitlePrefix, std::string("Kaltrova (Tropical zodiac) - "));
+
+    // Restore puts the master copy back into the file and the box; the
+    // options in memory wait for the next save.
+    w->findChild<QPushButton*>("cmdRestoreDefault")->click();
+    QCOMPARE(ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value(),
+             ReadFileBytes(p.dir.path() / "OPTIONS.MST").value());
+    QVERIFY(box->toPlainText().split('\n')[44].startsWith("45"));
+    QCOMPARE(p.session.options[45], 20.0f);
+
+    w->findChild<QPushButton*>("btnQuit")->click();
+    QTRY_VERIFY(!p.ctx->window("Options"));
+}
+
+void DialogsTest::optionsRestoreWithoutMaster() {
+    StartedProgram p([](const test::ScratchAppDir& d) {
+        fs::remove(d.path() / "OPTIONS.MST");
+        d.Write("OPTIONS.OPT", "1 only line\r\n");
+    });
+    p.trigger("mnuOptionOptionSettings");
+    auto* w = p.ctx->windowAs<ui::Options>("Options");
+    QVERIFY(w);
+    w->findChild<QPlainTextEdit*>("txtContent")->setPlainText("edited\n");
+    w->findChild<QPushButton*>("cmdRestoreDefault")->click();
+    QCOMPARE(p.recorder.messages.back(),
+             (Message{"Error in operation. Cannot do what is requested.", "Warning!",
+                      Icon::Information}));
+    QCOMPARE(w->findChild<QPlainTextEdit*>("txtContent")->toPlainText(), QString("edited\n"));
+    QCOMPARE(ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value(), std::string("1 only line\r\n"));
+}
+
+void DialogsTest::selectFileFiltersAndReturnsThePath() {
+    test::ScratchAppDir dir;
+    dir.Write("FRIENDS.FIL", "x\r\n");
+    dir.Write("lower.fil", "x\r\n");
+    Session s;
+    s.AppPath = dir.path();
+    ui::AppContext ctx(s);
+    bool emptied = false;
+    QObject::connect(&ctx, &ui::AppContext::selectionListsEmptied, [&] { emptied = true; });
+
+    ui::SelectFIle dlg(ctx);
+    QCOMPARE(dlg.windowTitle(), QString("Select a File"));
+    dlg.setPattern("*.FIL");
+    auto* files = dlg.findChild<QListWidget*>("filList");
+    QStringList names;
+    for (int i = 0; i < files->count(); ++i) names << files->item(i)->text();
+    QVERIFY(names.contains("FRIENDS.FIL"));
+    QVERIFY(names.contains("lower.fil"));
+    QVERIFY(names.contains("NAMES.FIL"));
+    QVERIFY(!names.contains("NATAL.ORB"));
+    QVERIFY(dlg.findChild<QComboBox*>("drvList")->count() >= 1);
+    dlg.show();
+    test::SaveScreenshot(&dlg, "select_file_window");
+
+    files->setCurrentRow(names.indexOf("FRIENDS.FIL"));
+    dlg.findChild<QPushButton*>("cmdSelect")->click();
+    QCOMPARE(dlg.SelectedFile().toStdString(), (dir.path() / "FRIENDS.FIL").string());
+    QVERIFY(emptied);
+
+    ui::SelectFIle other(ctx);
+    other.setPattern("*.ORB");
+    other.findChild<QPushButton*>("cmdCancel")->click();
+    QVERIFY(other.SelectedFile().isEmpty());
+
+    // Through the context, modally, driven by a timer.
+    QTimer::singleShot(0, [&] {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* d = qobject_cast<ui::SelectFIle*>(w)) {
+                auto* list = d->findChild<QListWidget*>("filList");
+                list->setCurrentRow(0);
+                emit list->itemDoubleClicked(list->item(0));
+            }
+    });
+    QString chosen = ctx.selectFile("*.ORB");
+    QVERIFY(chosen.endsWith(".ORB", Qt::CaseInsensitive));
+}
+
+void DialogsTest::progressFillsFromTheLeft() {
+    QCOMPARE(ui::ProgressPercent(1, 4), 25.0);
+    QCOMPARE(ui::ProgressPercent(9, 4), 100.0);
+    QCOMPARE(ui::ProgressPercent(1, 0), 0.0);
+    ui::StatusDlg dlg;
+    QVERIFY(dlg.isVisible());
+    QCOMPARE(dlg.windowTitle(), QString("% Completed"));
+    dlg.resize(400, 60);
+    dlg.ShowProgress(1, 4);
+    QImage img = dlg.Picture2->grab().toImage();
+    const int y = img.height() / 2;
+    QCOMPARE(QColor(img.pixel(5, y)), QColor(255, 0, 0));
+    QCOMPARE(QColor(img.pixel(img.width() * 3 / 10, y)), QColor(Qt::white));
+    QCOMPARE(QColor(img.pixel(img.width() * 2 / 10, y)), QColor(255, 0, 0));
+}
+
+void DialogsTest::titleWaitsForContinue() {
+    ui::TITLE title;
+    QVERIFY(title.isVisible());
+    auto* ok = title.findChild<QPushButton*>("cmdOK");
+    QCOMPARE(ok->text(), QString("Continue"));
+    QVERIFY(!ok->isVisible());
+    QCOMPARE(title.findChild<QLabel*>("Label2")->text(), QString("Version 1.00"));
+    QVERIFY(title.findChild<QLabel*>("Label6")->text().startsWith("For a listing of changes"));
+    title.showContinue();
+    QVERIFY(ok->isVisible());
+    test::SaveScreenshot(&title, "title_window");
+    QTimer::singleShot(0, ok, &QPushButton::click);
+    title.waitForContinue();
+    QCOMPARE(title.TitleDismissed(), 1);
+    QVERIFY(!title.isVisible());
+}
+
+void DialogsTest::aboutShowsTheVersionAndClosesOnClick() {
+    ui::About about;
+    about.show();
+    QCOMPARE(about.findChild<QLabel*>("Label1")->text(), QString("Version  1.00"));
+    test::SaveScreenshot(&about, "about_window");
+    // The name is drawn in yellow on top of its shadow.
+    QImage img = about.grab().toImage();
+    bool yellow = false;
+    for (int x = 0; x < img.width() && !yellow; ++x)
+        for (int y = 0; y < 110 && !yellow; ++y)
+            yellow = QColor(img.pixel(x, y)) == QColor(255, 255, 0);
+    QVERIFY(yellow);
+    QTest::mouseClick(&about, Qt::LeftButton);
+    QVERIFY(!about.isVisible());
+}
+
+QTEST_MAIN(DialogsTest)
+#include "shell_dialogs_test.moc"
