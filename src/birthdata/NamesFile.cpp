@@ -36,4 +36,16 @@ int FindRecord(const std::vector<BirthRecord>& records, const std::string& name)
     return -1;
 }
 
+ReloadSelection LockedReload(bool locked, bool keepInput, int lockedIndex, int count) {
+    ReloadSelection r;
+    r.lockedIndex = lockedIndex;
+    if (!locked || keepInput) return r;
+    if (r.lockedIndex >= count) r.lockedIndex = count - 1;
+    r.topRow = r.lockedIndex < 12 ? 0 : r.lockedIndex - 12;
+    if (r.lockedIndex < 0) r.lockedIndex = 0;
+    r.index = r.lockedIndex;
+    r.select = count > 0;
+    return r;
+}
+
 } // namespace kal

@@ -27,4 +27,26 @@ NamesList LoadNamesFile(const std::filesystem::path& file);
 // The first record whose name equals `name` exactly, or -1.
 int FindRecord(const std::vector<BirthRecord>& records, const std::string& name);
 
+// The names window's state that outlives the window.
+struct NamesListState {
+    short CurrentRecord = 0;     // record last moved into the input window
+    short ListLocked = 0;        // "Lock list" is checked
+    short LockedIndex = 0;       // list position re-selected on a reload
+    short LockSync = 0;          // the check box is being set by the program
+    short KeepInputOnReload = 0; // a reload leaves the input window alone
+};
+
+// What a reload of the list selects.
+struct ReloadSelection {
+    bool select = false; // pick entry `index` (moving it into the input window)
+    int index = 0;
+    int topRow = 0;      // first visible row of the list
+    int lockedIndex = 0; // LockedIndex after the reload
+};
+
+// A locked list re-selects its locked position, brought inside the records
+// read, and scrolls so that the entry is the thirteenth row; an unlocked
+// list, or one reloaded with KeepInputOnReload set, selects nothing.
+ReloadSelection LockedReload(bool locked, bool keepInput, int lockedIndex, int count);
+
 } // namespace kal

@@ -1,0 +1,186 @@
+#include "birthdata/RecordWriter.h"
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+
+#include "shell/TextFile.h"
+#include "shell/VbText.h"
+
+namespace kal {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A formatted number always with a decimal point, whatever the pattern code
+// was given.
+std::string PointNumber(double v, std::string_view pattern) {
+    std::string s = FormatNumber(v, pattern);
+    std::replace(s.begin(), s.end(), ',', '.');
+    return s;
+}
+
+bool SameNameNoCase(const std::string& a, const std::string& b) {
+    return Upper(a) == Upper(b);
+}
+
+} // namespace
+
+Message CommaInNameMessage() {
+    return {"You cannot have a comma in the name. Please remove the comma and try again.",
+            "Warning!", Icon::Critical};
+}
+
+Message DuplicateQuestion(const BirthRecord& r) {
+    const std::string nl = "\r\n";
+    std::string text = nl +
+                       "There is already a name on file matching your current name with the "
+                       "following associated data: " +
+                       nl + "Date =  " + r.RecDate + nl + "Time =  " + r.RecTime + " " + r.RecAmPm +
+                       nl + "Time zone =  " + r.RecTZ + nl + "Longitude =  " + r.RecLong + nl +
+                       "Latitude =  " + r.RecLat + nl + "E-mail address =  " + r.RecEmail + nl +
+                       nl + "Do you want to replace it?" + nl + nl +
+                       "Answering 'NO' will append the current name and data to file, not "
+                       "replace the existing entry.";
+    return {text, r.RecName + " already exists", Icon::Question};
+}
+
+Message SaveFailedMessage(const fs::path& target, const std::string& reason) {
+    return {"The record could not be saved: " + reason + ". The file " +
+                target.filename().string() + " has not been changed.",
+            "Error!", Icon::Critical};
+}
+
+Message SaveDateMessage() {
+    return {"The birth date is not a valid date. Please correct the month, day and year.",
+            "Warning!", Icon::Critical};
+}
+
+std::optional<BirthRecord> RecordFromInput(const InputFields& in, int dateOrder) {
+    const std::string m = Trim(in.txtMonth), d = Trim(in.txtDay), y = Trim(in.txtYear);
+    std::string joined;
+    switch (dateOrder) {
+    case 1:
+        joined = d + "/" + m + "/" + y;
+        break;
+    case 2:
+        joined = y + "/" + m + "/" + d;
+        break;
+    default:
+        joined = m + "/" + d + "/" + y;
+        break;
+    }
+    auto date = ParseDate(joined, dateOrder);
+    if (!date) return std::nullopt;
+
+    BirthRecord r;
+    r.RecName = in.txtName;
+    r.RecDate = FormatDateDMY(*date);
+    r.RecTime = PointNumber(Val(in.txtBirthHour) + Val(in.txtBirthMinute) / 100, "##.#0");
+    r.RecAmPm = in.optAM ? "A" : "P";
+    r.RecTZ = Trim(in.txtTZ);
+    double lon = Val(in.txtLongDeg) + Val(in.txtLongMin) / 100;
+    if (in.optEast) lon = -lon;
+    r.RecLong = PointNumber(lon, "#00#.#0");
+    double lat = Val(in.txtLatDeg) + Val(in.txtLatMin) / 100;
+    if (in.optSouth) lat = -lat;
+    r.RecLat = PointNumber(lat, "#0#.#0");
+    r.RecEmail = in.txtEmail;
+    return r;
+}
+
+fs::path BackupPath(const fs::path& target) {
+    std::string s = target.string();
+    if (s.size() >= 3) s.resize(s.size() - 3);
+    return fs::path(s + "OLD");
+}
+
+SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::path& tempFile,
+                      const ReplaceQuestion& replace) {
+    SaveResult result;
+    auto fail = [&](const std::string& reason) {
+        result.messages.push_back(SaveFailedMessage(target, reason));
+        return result;
+    };
+
+    std::error_code ec;
+    const bool targetExists = fs::exists(target, ec);
+    std::vector<std::string> lines;
+    if (targetExists) {
+        auto old = ReadLines(target);
+        if (!old) return fail("the names file cannot be read");
+        for (const auto& line : *old) {
+            if (Trim(line).empty()) continue;
+            auto r = ParseRecordLine(line);
+            if (!r) {
+                // A line that is not a record is kept as it stands.
+                lines.push_back(line);
+                continue;
+            }
+            if (SameNameNoCase(r->RecName, rec.RecName) && replace && replace(*r)) continue;
+            lines.push_back(RecordLine(*r));
+        }
+    }
+    lines.push_back(RecordLine(rec));
+
+    // The new content is complete in the temporary file before the names
+    // file is touched.
+    if (!WriteLines(tempFile, lines)) {
+        fs::remove(tempFile, ec);
+        return fail("the temporary file " + tempFile.filename().string() + " cannot be written");
+    }
+
+    const fs::path backup = BackupPath(target);
+    if (targetExists) {
+        if (fs::exists(backup, ec) && !fs::remove(backup, ec)) {
+            fs::remove(tempFile, ec);
+            return fail("the backup " + backup.filename().string() + " cannot be replaced");
+        }
+        fs::rename(target, backup, ec);
+        if (ec) {
+            fs::remove(tempFile, ec);
+            return fail("the backup " + backup.filename().string() + " cannot be made");
+        }
+    }
+    fs::rename(tempFile, target, ec);
+    if (ec) {
+        // Renaming across file systems is not possible: copy instead.
+        std::error_code ec2;
+        fs::copy_file(tempFile, target, fs::copy_options::overwrite_existing, ec2);
+        if (ec2) {
+            fs::remove(target, ec2);
+            if (targetExists) fs::rename(backup, target, ec2);
+            fs::remove(tempFile, ec2);
+            return fail("the names file cannot be replaced");
+        }
+        fs::remove(tempFile, ec2);
+    }
+    result.saved = true;
+    return result;
+}
+
+SaveResult SaveInputRecord(const InputFields& in, int dateOrder, const fs::path& appPath,
+                           const fs::path& target, const ReplaceQuestion& replace) {
+    SaveResult result;
+    if (in.txtName.find(',') != std::string::npos) {
+        result.messages.push_back(CommaInNameMessage());
+        return result;
+    }
+    auto rec = RecordFromInput(in, dateOrder);
+    if (!rec) {
+        result.messages.push_back(SaveDateMessage());
+        return result;
+    }
+    return SaveRecord(*rec, target, appPath / "wfyert.hyq", replace);
+}
+
+std::string NewNamesFileContent() {
+    return "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n";
+}
+
+bool WriteNewNamesFile(const fs::path& file) {
+    return WriteFileBytes(file, NewNamesFileContent());
+}
+
+} // namespace kal

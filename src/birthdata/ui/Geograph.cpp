@@ -1,0 +1,92 @@
+#include "birthdata/ui/Geograph.h"
+
+#include "ui_Geograph.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "birthdata/ui/InputD.h"
+#include "birthdata/ui/Paths.h"
+#include "shell/ui/AppContext.h"
+
+namespace kal::ui {
+
+Geograph::Geograph(AppContext& ctx, QWidget* parent)
+    : QWidget(parent, Qt::Window), ctx_(ctx), ui(std::make_unique<Ui::Geograph>()) {
+    ui->setupUi(this);
+    CitiesOnFile_ = ui->CitiesOnFile;
+    lblCitiesOnFile_ = ui->lblCitiesOnFile;
+    auto* names = ui->Command1;
+    auto* edit = ui->cmdEditList;
+    auto* change = ui->cmdNewFileList;
+
+    connect(CitiesOnFile_, &QListWidget::itemClicked, this, &Geograph::CitiesOnFile_Click);
+    connect(CitiesOnFile_, &QListWidget::currentRowChanged, this, [this] {
+        if (!loading_ && CitiesOnFile_->hasFocus()) CitiesOnFile_Click();
+    });
+    connect(names, &QPushButton::clicked, this, &Geograph::Command1_Click);
+    connect(edit, &QPushButton::clicked, this, &Geograph::cmdEditList_Click);
+    connect(change, &QPushButton::clicked, this, &Geograph::cmdNewFileList_Click);
+    connect(&ctx_, &AppContext::selectionListsEmptied, this, [this] {
+        CitiesOnFile_->clear();
+        places_.clear();
+    });
+
+    // Form_Load.
+    LoadCitiesList();
+    ShowListFileName();
+}
+
+Geograph::~Geograph() = default;
+
+void Geograph::ShowListFileName() {
+    lblCitiesOnFile_->setText(ListFileLabel(CitiesFile(ctx_)));
+}
+
+void Geograph::LoadCitiesList() {
+    loading_ = true;
+    CitiesOnFile_->setUpdatesEnabled(false);
+    CitiesOnFile_->clear();
+    CitiesList list = LoadCitiesFile(CitiesFile(ctx_));
+    places_ = list.places;
+    for (const auto& p : places_) CitiesOnFile_->addItem(QString::fromStdString(p.PlaceName));
+    CitiesOnFile_->setUpdatesEnabled(true);
+    CitiesOnFile_->update();
+    loading_ = false;
+    ctx_.showMessages(list.errors, this);
+}
+
+void Geograph::CitiesOnFile_Click() {
+    QListWidgetItem* item = CitiesOnFile_->currentItem();
+    if (!item) return;
+    const int i = FindPlace(places_, item->text().toStdString());
+    if (i < 0) return;
+    auto* input = qobject_cast<InputD*>(ctx_.loadWindow("InputD"));
+    InputFields in = input ? input->fields() : ctx_.session().input;
+    auto err = TransferPlace(places_[static_cast<size_t>(i)], in);
+    if (input) input->setFields(in);
+    ctx_.session().input = in;
+    if (err) ctx_.showMessage(*err, this);
+}
+
+void Geograph::cmdNewFileList_Click() {
+    QString file = ctx_.selectFile("*.LL", this);
+    if (file.isEmpty()) return;
+    ctx_.session().CitiesFilePath = file.toStdString();
+    LoadCitiesList();
+    ShowListFileName();
+}
+
+void Geograph::cmdEditList_Click() {
+    ctx_.showWindow("LongLat");
+}
+
+void Geograph::Command1_Click() {
+    ctx_.unloadWindow("Geograph");
+    ctx_.unloadWindow("Names");
+    ctx_.showWindow("Names");
+}
+
+} // namespace kal::ui

@@ -1,0 +1,82 @@
+#include "birthdata/ui/ListEditor.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "birthdata/ui/BirthDataState.h"
+#include "birthdata/ui/Paths.h"
+#include "shell/EditorFile.h"
+#include "shell/TextFile.h"
+#include "shell/ui/AppContext.h"
+
+namespace kal::ui {
+
+ListEditor::ListEditor(AppContext& ctx, const std::filesystem::path& file, QString listWindow,
+                       QString editorName, QWidget* parent)
+    : QWidget(parent, Qt::Window), ctx_(ctx), file_(file), listWindow_(std::move(listWindow)),
+      editorName_(std::move(editorName)) {
+    setObjectName(editorName_);
+    setWindowTitle("Edit: " + QString::fromStdString(file_.string()));
+    auto* lay = new QVBoxLayout(this);
+    txtContent_ = new QPlainTextEdit(this);
+    txtContent_->setObjectName("txtContent");
+    QFont mono("Courier New");
+    mono.setStyleHint(QFont::Monospace);
+    mono.setFixedPitch(true);
+    txtContent_->setFont(mono);
+    txtContent_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    lay->addWidget(txtContent_);
+    auto* row = new QHBoxLayout;
+    auto* hint = new QLabel("Ctrl-C to copy.  Ctrl-X to cut.  Ctrl-V to paste.", this);
+    row->addWidget(hint, 1);
+    auto* save = new QPushButton("Save", this);
+    save->setObjectName("btnSave");
+    auto* quit = new QPushButton("Quit", this);
+    quit->setObjectName("btnQuit");
+    row->addWidget(save);
+    row->addWidget(quit);
+    lay->addLayout(row);
+    connect(save, &QPushButton::clicked, this, &ListEditor::btnSave_Click);
+    connect(quit, &QPushButton::clicked, this, &ListEditor::btnQuit_Click);
+    resize(640, 420);
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    auto lines = ReadLines(file_);
+    txtContent_->setPlainText(
+        QString::fromStdString(EditorText(lines ? *lines : std::vector<std::string>{})));
+    QApplication::restoreOverrideCursor();
+}
+
+void ListEditor::btnSave_Click() {
+    std::string bytes = EditorSaveBytes(txtContent_->toPlainText().toStdString());
+    if (!WriteFileBytes(file_, bytes)) {
+        ctx_.showMessage(
+            {"The file " + file_.string() + " could not be written.", "Error!", Icon::Critical},
+            this);
+        return;
+    }
+    saved();
+}
+
+void ListEditor::btnQuit_Click() {
+    ctx_.unloadWindow(editorName_);
+    ctx_.unloadWindow(listWindow_);
+    ctx_.showWindow(listWindow_);
+}
+
+NameEdit::NameEdit(AppContext& ctx, QWidget* parent)
+    : ListEditor(ctx, NamesFile(ctx), "Names", "NameEdit", parent) {}
+
+void NameEdit::saved() {
+    BirthDataState::flags(ctx_).KeepInputOnReload = 0;
+}
+
+LongLat::LongLat(AppContext& ctx, QWidget* parent)
+    : ListEditor(ctx, CitiesFile(ctx), "Geograph", "LongLat", parent) {}
+
+} // namespace kal::ui

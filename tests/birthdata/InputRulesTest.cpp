@@ -1,0 +1,141 @@
+// The input window's rules: "Now" from a clock reading and the home place,
+// the birth-hour check, the key filters and the zone sign of E/W.
+#include <gtest/gtest.h>
+
+#include "birthdata/InputRules.h"
+#include "birthdata/Record.h"
+
+namespace kal {
+namespace {
+
+std::tm At(int year, int month, int day, int hour, int minute) {
+    std::tm t{};
+    t.tm_year = year - 1900;
+    t.tm_mon = month - 1;
+    t.tm_mday = day;
+    t.tm_hour = hour;
+    t.tm_min = minute;
+    return t;
+}
+
+TEST(FillNow, ClockReadingOnBothClockFormats) {
+    Options o;
+    struct Row {
+        int hour;
+        int timeFormat;
+        const char* shown;
+        bool am;
+    } rows[] = {{0, 0, "12", true},   {9, 0, "9", true},   {12, 0, "12", false},
+                {17, 0, "5", false},  {0, 1, "12", true},  {11, 1, "11", true},
+                {12, 1, "12", false}, {23, 1, "11", false}};
+    for (const auto& r : rows) {
+        SCOPED_TRACE(std::to_string(r.hour) + "/" + std::to_string(r.timeFormat));
+        InputFields in;
+        FillNow(in, At(2024, 3, 7, r.hour, 5), r.timeFormat, o);
+        EXPECT_EQ(in.txtName, "Now");
+        EXPECT_EQ(in.txtMonth, "3");
+        EXPECT_EQ(in.txtDay, "7");
+        EXPECT_EQ(in.txtYear, "2024");
+        EXPECT_EQ(in.txtBirthMinute, "5");
+        EXPECT_EQ(in.txtBirthHour, r.shown);
+        EXPECT_EQ(in.optAM, r.am);
+    }
+}
+
+TEST(FillNow, HomePlaceFromOptions) {
+    Options o;
+    o[18] = -1;
+    o[19] = 13;
+    o[20] = 24;
+    o[21] = 1;
+    o[22] = 52;
+    o[23] = 31;
+    o[24] = 0;
+    InputFields in;
+    FillNow(in, At(2024, 1, 1, 10, 0), 0, o);
+    EXPECT_EQ(in.txtTZ, "-1");
+    EXPECT_TRUE(in.optEast);
+    EXPECT_EQ(in.txtLongDeg, "13");
+    EXPECT_EQ(in.txtLongMin, "24");
+    EXPECT_EQ(in.txtLatDeg, "52");
+    EXPECT_EQ(in.txtLatMin, "31");
+    EXPECT_FALSE(in.optSouth);
+    o[21] = 0;
+    o[24] = 2;
+    o[18] = 5.5f;
+    FillHomePlace(in, o);
+    EXPECT_FALSE(in.optEast);
+    EXPECT_TRUE(in.optSouth);
+    EXPECT_EQ(in.txtTZ, "5.5");
+}
+
+TEST(BirthHourCheck, RoundsOfTheCheck) {
+    EXPECT_EQ(CheckBirthHour("").message, BirthHourEmptyMessage());
+    EXPECT_EQ(CheckBirthHour("0").newText, "12");
+    auto c = CheckBirthHour("17");
+    EXPECT_TRUE(c.setPM);
+    EXPECT_EQ(c.newText, "5");
+    c = CheckBirthHour("5");
+    EXPECT_FALSE(c.newText);
+    EXPECT_FALSE(c.setPM);
+    EXPECT_FALSE(c.message);
+    EXPECT_EQ(CheckBirthHour("1x").message, TypingTooFastMessage());
+    bool pm = false;
+    EXPECT_EQ(SettleBirthHour("25", pm), "1");
+    EXPECT_TRUE(pm);
+    EXPECT_EQ(SettleBirthHour("12", pm), "12");
+    EXPECT_FALSE(pm);
+}
+
+TEST(InputKeys, FiltersPerField) {
+    for (const char* f : {"txtMonth", "txtDay", "txtBirthHour", "txtLongDeg", "txtLongMin",
+                          "txtLatDeg", "txtLatMin"}) {
+        SCOPED_TRACE(f);
+        EXPECT_TRUE(InputKeyAccepted(f, '7'));
+        EXPECT_TRUE(InputKeyAccepted(f, '\b'));
+        EXPECT_FALSE(InputKeyAccepted(f, '.'));
+        EXPECT_FALSE(InputKeyAccepted(f, '-'));
+        EXPECT_FALSE(InputKeyAccepted(f, 'a'));
+    }
+    EXPECT_TRUE(InputKeyAccepted("txtBirthMinute", '.'));
+    EXPECT_FALSE(InputKeyAccepted("txtBirthMinute", '-'));
+    EXPECT_TRUE(InputKeyAccepted("txtYear", '-'));
+    EXPECT_FALSE(InputKeyAccepted("txtYear", '.'));
+    EXPECT_TRUE(InputKeyAccepted("txtTZ", '-'));
+    EXPECT_TRUE(InputKeyAccepted("txtTZ", '.'));
+    EXPECT_FALSE(InputKeyAccepted("txtTZ", 'e'));
+    EXPECT_TRUE(InputKeyAccepted("txtName", ','));
+    EXPECT_TRUE(InputKeyAccepted("txtEmail", '@'));
+}
+
+TEST(InputKeys, ZoneSignFollowsDirection) {
+    EXPECT_EQ(ZoneForDirection("5", true), "-5");
+    EXPECT_EQ(ZoneForDirection("-5", false), "5");
+    EXPECT_EQ(ZoneForDirection("-5.5", true), "-5.5");
+    EXPECT_EQ(ZoneForDirection(" 3", false), "3");
+    EXPECT_EQ(ZoneForDirection("0", true), "0");
+}
+
+TEST(TransferRecord, MinutesOfTimeAndCoordinates) {
+    auto r = ParseRecordLine("P,05 Mar 2007,9.05,p,-3,-005.07,-33.52,");
+    InputFields in;
+    ASSERT_FALSE(TransferRecord(*r, 0, in));
+    EXPECT_EQ(in.txtBirthHour, "9");
+    EXPECT_EQ(in.txtBirthMinute, "5");
+    EXPECT_FALSE(in.optAM);
+    EXPECT_EQ(in.txtLongDeg, "5");
+    EXPECT_EQ(in.txtLongMin, "7");
+    EXPECT_TRUE(in.optEast);
+    EXPECT_EQ(in.txtLatMin, "52");
+    EXPECT_TRUE(in.optSouth);
+    // Date order 2 rearranges the stored date once.
+    ASSERT_FALSE(TransferRecord(*r, 2, in));
+    EXPECT_EQ(r->RecDate, "2007 Mar 05");
+    ASSERT_FALSE(TransferRecord(*r, 2, in));
+    EXPECT_EQ(r->RecDate, "2007 Mar 05");
+    EXPECT_EQ(in.txtMonth, "3");
+    EXPECT_EQ(in.txtDay, "5");
+}
+
+} // namespace
+} // namespace kal

@@ -1,0 +1,438 @@
+// The birth-data windows: the input window, the names window with its
+// editor and record writer, the cities window, the time-zone list, and the
+// typical request from a pick to the data page.
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QtTest>
+
+#include <filesystem>
+
+#include "ShellUiSupport.h"
+#include "birthdata/NamesFile.h"
+#include "birthdata/ui/Geograph.h"
+#include "birthdata/ui/InputD.h"
+#include "birthdata/ui/Names.h"
+#include "birthdata/ui/NewNamesFile.h"
+#include "birthdata/ui/TimeZone.h"
+#include "shell/TextFile.h"
+
+using namespace kal;
+using kal::test::StartedProgram;
+namespace fs = std::filesystem;
+
+namespace {
+
+template <class T = QWidget> T* Win(StartedProgram& p, const char* name) {
+    return qobject_cast<T*>(p.ctx->window(name));
+}
+
+QLineEdit* Field(StartedProgram& p, const char* name) {
+    return Win(p, "InputD")->findChild<QLineEdit*>(name);
+}
+
+bool Checked(StartedProgram& p, const char* name) {
+    return Win(p, "InputD")->findChild<QRadioButton*>(name)->isChecked();
+}
+
+void Click(QWidget* w, const char* button) {
+    auto* b = w->findChild<QPushButton*>(button);
+    QVERIFY2(b, button);
+    b->click();
+}
+
+// Picks a list entry the way a mouse click does.
+void Pick(QWidget* window, const char* list, const QString& text) {
+    auto* l = window->findChild<QListWidget*>(list);
+    QVERIFY(l);
+    auto items = l->findItems(text, Qt::MatchExactly);
+    QVERIFY2(!items.isEmpty(), qPrintable(text));
+    l->setCurrentItem(items.first());
+    emit l->itemClicked(items.first());
+}
+
+QStringList ListTexts(QWidget* window, const char* list) {
+    QStringList out;
+    auto* l = window->findChild<QListWidget*>(list);
+    for (int i = 0; i < l->count(); ++i) out << l->item(i)->text();
+    return out;
+}
+
+std::string LastPage(StartedProgram& p) {
+    return ReadFileBytes(p.dir.path() / "reports" / "LASTPAGE.TXT").value_or("");
+}
+
+} // namespace
+
+class BirthDataWindowsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void typicalRequestFromPickToPage();
+    void newPersonSavedAndSavedAgain();
+    void commaInNameAndFailedSave();
+    void malformedNamesLineIsReported();
+    void lockListReselectsOnReload();
+    void inputFieldRules();
+    void citiesPickAndEditor();
+    void timeZoneListBesideTheInputWindow();
+    void corruptTimeZoneFile();
+    void makeNewNamesFile();
+    void screenshots();
+};
+
+void BirthDataWindowsTest::typicalRequestFromPickToPage() {
+    StartedProgram p;
+    QVERIFY(Win(p, "InputD") && Win(p, "InputD")->isVisible());
+    QVERIFY(Win(p, "Names") && Win(p, "Names")->isVisible());
+    QCOMPARE(Field(p, "txtName")->text(), QString("Now"));
+    QCOMPARE(Win(p, "Names")->findChild<QLabel*>("lblNamesOnFile")->text(), QString("NAMES.FIL"));
+
+    Pick(Win(p, "Names"), "NamesOnFile", "Example");
+    QCOMPARE(Field(p, "txtName")->text(), QString("Example"));
+    QCOMPARE(Field(p, "txtMonth")->text() + "/" + Field(p, "txtDay")->text() + "/" +
+                 Field(p, "txtYear")->text(),
+             QString("5/12/1959"));
+    QCOMPARE(Field(p, "txtBirthHour")->text() + ":" + Field(p, "txtBirthMinute")->text(),
+             QString("10:43"));
+    QVERIFY(Checked(p, "optAM") && Checked(p, "optWest") && Checked(p, "optNorth"));
+    QCOMPARE(Field(p, "txtLongDeg")->text() + " " + Field(p, "txtLongMin")->text(),
+             QString("75 23"));
+
+    Click(Win(p, "InputD"), "cmdOK");
+    QVERIFY(!Win(p, "InputD")->isVisible());
+    QVERIFY(!Win(p, "Names")->isVisible());
+    QVERIFY(p.session.ChartCalculated);
+    QVERIFY(Win(p, "OutputD1") && Win(p, "OutputD1")->isVisible());
+    std::string page = LastPage(p);
+    QVERIFY(page.find("Example") != std::string::npos);
+    QVERIFY(page.find("Placidus") != std::string::npos);
+
+    // A house-system toggle recalculates the same record with the new system.
+    p.trigger("mnuHouseKoch");
+    page = LastPage(p);
+    QVERIFY(page.find("Example") != std::string::npos);
+    QVERIFY(page.find("Koch") != std::string::npos);
+    QVERIFY(!Win(p, "InputD")->isVisible());
+
+    // The Input command brings the windows back with the fields kept.
+    p.trigger("mnuInputData");
+    QVERIFY(Win(p, "InputD")->isVisible());
+    QVERIFY(Win(p, "Names") && Win(p, "Names")->isVisible());
+    QCOMPARE(Field(p, "txtName")->text(), QString("Example"));
+
+    // A double click in the names list calculates at once.
+    Pick(Win(p, "Names"), "NamesOnFile", "Albert Einstein");
+    auto* list = Win(p, "Names")->findChild<QListWidget*>("NamesOnFile");
+    emit list->itemDoubleClicked(list->currentItem());
+    QCoreApplication::processEvents();
+    QVERIFY(LastPage(p).find("Albert Einstein") != std::string::npos);
+}
+
+void BirthDataWindowsTest::newPersonSavedAndSavedAgain() {
+    StartedProgram p;
+    const fs::path names = p.dir.path() / "NAMES.FIL";
+    const size_t before = LoadNamesFile(names).records.size();
+    QStringList patterns;
+    ui::AppContext::setFileSink([&](const QString& pattern, QWidget*) {
+        patterns << pattern;
+        return QString::fromStdString(names.string());
+    });
+    std::vector<Message> asked;
+    QMessageBox::StandardButton answer = QMessageBox::No;
+    ui::AppContext::setQuestionSink([&](const Message& m, QMessageBox::StandardButtons, QWidget*) {
+        asked.push_back(m);
+        return answer;
+    });
+
+    auto* input = Win(p, "InputD");
+    Click(input, "cmdNow");
+    Field(p, "txtName")->setText("Jane Doe");
+    Click(input, "cmdSave");
+    QVERIFY(asked.empty());
+    QVERIFY(ListTexts(Win(p, "Names"), "NamesOnFile").contains("Jane Doe"));
+    QCOMPARE(LoadNamesFile(names).records.size(), before + 1);
+    QCOMPARE(patterns, QStringList({"*.FIL"}));
+
+    // The same name again, answered No: both records stay, with a backup.
+    Click(input, "cmdSave");
+    QCOMPARE(asked.size(), size_t(1));
+    QCOMPARE(asked[0].caption, std::string("Jane Doe already exists"));
+    auto recs = LoadNamesFile(names).records;
+    QCOMPARE(recs.size(), before + 2);
+    QCOMPARE(recs[recs.size() - 2].RecName, std::string("Jane Doe"));
+    QCOMPARE(recs.back().RecName, std::string("Jane Doe"));
+    QVERIFY(fs::exists(p.dir.path() / "NAMES.OLD"));
+    QCOMPARE(LoadNamesFile(p.dir.path() / "NAMES.OLD").records.size(), before + 1);
+
+    // Yes replaces both duplicates by the one new record.
+    answer = QMessageBox::Yes;
+    Click(input, "cmdSave");
+    QCOMPARE(LoadNamesFile(names).records.size(), before + 1);
+
+    ui::AppContext::setFileSink({});
+    ui::AppContext::setQuestionSink({});
+}
+
+void BirthDataWindowsTest::commaInNameAndFailedSave() {
+    StartedProgram p;
+    int chosen = 0;
+    ui::AppContext::setFileSink([&](const QString&, QWidget*) {
+        ++chosen;
+        return QString::fromStdString((p.dir.path() / "missing" / "X.FIL").string());
+    });
+    Field(p, "txtName")->setText("Smith, John");
+    Click(Win(p, "InputD"), "cmdSave");
+    QVERIFY(p.recorder.saw(
+        "You cannot have a comma in the name. Please remove the comma and try again."));
+    QCOMPARE(chosen, 0);
+
+    // A target that cannot be written: the user is told, nothing is lost.
+    Field(p, "txtName")->setText("John Smith");
+    const auto original = ReadFileBytes(p.dir.path() / "NAMES.FIL");
+    Click(Win(p, "InputD"), "cmdSave");
+    QCOMPARE(chosen, 1);
+    QCOMPARE(p.recorder.messages.back().caption, std::string("Error!"));
+    QCOMPARE(ReadFileBytes(p.dir.path() / "NAMES.FIL"), original);
+    ui::AppContext::setFileSink({});
+}
+
+void BirthDataWindowsTest::malformedNamesLineIsReported() {
+    StartedProgram p([](const test::ScratchAppDir& d) {
+        d.Write("NAMES.FIL", "Example,12 May 1959,10.43,A,6,75.23,39.45,e@x.org\r\n"
+                             "Broken line without fields\r\n"
+                             "Ann Lee,3 Feb 1971,4.05,P,5,71.04,42.21,\r\n");
+    });
+    QVERIFY(p.recorder.saw(NamesFileLineError().text));
+    QCOMPARE(ListTexts(Win(p, "Names"), "NamesOnFile"), QStringList({"Example", "Ann Lee"}));
+
+    // A record that cannot be converted: the format error, later fields kept.
+    p.recorder.messages.clear();
+    Field(p, "txtEmail")->setText("kept@x.org");
+    auto* names = Win<ui::Names>(p, "Names");
+    const_cast<std::vector<BirthRecord>&>(names->records())[1].RecLat = "4x";
+    Pick(names, "NamesOnFile", "Ann Lee");
+    QVERIFY(p.recorder.saw(RecordFormatError().text));
+    QCOMPARE(Field(p, "txtLongDeg")->text(), QString("71"));
+    QCOMPARE(Field(p, "txtEmail")->text(), QString("kept@x.org"));
+}
+
+void BirthDataWindowsTest::lockListReselectsOnReload() {
+    StartedProgram p;
+    auto* names = Win(p, "Names");
+    Pick(names, "NamesOnFile", "Sigmund Freud"); // row 2
+    names->findChild<QCheckBox*>("Check1")->click();
+    Click(Win(p, "InputD"), "cmdOK");
+    QVERIFY(p.session.ChartCalculated);
+    Field(p, "txtName")->setText("Typed over");
+
+    // The Input command re-reads the list; a locked list picks the entry again.
+    p.trigger("mnuInputData");
+
+    auto* list = Win(p, "Names")->findChild<QListWidget*>("NamesOnFile");
+    QCOMPARE(list->currentRow(), 2);
+    QCOMPARE(Field(p, "txtName")->text(), QString("Sigmund Freud"));
+    QVERIFY(Win(p, "Names")->findChild<QCheckBox*>("Check1")->isChecked());
+}
+
+void BirthDataWindowsTest::inputFieldRules() {
+    StartedProgram p;
+    auto* input = Win(p, "InputD");
+    input->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(input));
+
+    // Key filters.
+    auto* month = Field(p, "txtMonth");
+    month->clear();
+    month->setFocus();
+    QTest::keyClicks(month, "1a.-2");
+    QCOMPARE(month->text(), QString("12"));
+    auto* tz = Field(p, "txtTZ");
+    tz->clear();
+    QTest::keyClicks(tz, "-5.5x");
+    QCOMPARE(tz->text(), QString("-5.5"));
+    auto* year = Field(p, "txtYear");
+    year->clear();
+    QTest::keyClicks(year, "-44.");
+    QCOMPARE(year->text(), QString("-44"));
+
+    // Birth hour: 0 becomes 12, 17 becomes 5 P.M., empty is reported.
+    auto* hour = Field(p, "txtBirthHour");
+    Win(p, "InputD")->findChild<QRadioButton*>("optAM")->setChecked(true);
+    hour->clear();
+    QCOMPARE(p.recorder.messages.back().text,
+             std::string("Please fill in a value for birth hour."));
+    const size_t msgs = p.recorder.messages.size();
+    QTest::keyClicks(hour, "0");
+    QCOMPARE(hour->text(), QString("12"));
+    hour->clear();
+    QTest::keyClicks(hour, "17");
+    QCOMPARE(hour->text(), QString("5"));
+    QVERIFY(Checked(p, "optPM"));
+    QCOMPARE(p.recorder.messages.size(), msgs + 1); // the second clear
+
+    // East and West set the sign of the zone.
+    tz->setText("5");
+    input->findChild<QRadioButton*>("optEast")->click();
+    QCOMPARE(tz->text(), QString("-5"));
+    input->findChild<QRadioButton*>("optWest")->click();
+    QCOMPARE(tz->text(), QString("5"));
+
+    // Down walks from the birth hour to the e-mail; Up walks back.
+    hour->setFocus();
+    QWidget* at = hour;
+    for (int i = 0; i < 7; ++i) {
+        QTest::keyClick(at, Qt::Key_Down);
+        at = QApplication::focusWidget();
+    }
+    QCOMPARE(at->objectName(), QString("txtEmail"));
+    QTest::keyClick(at, Qt::Key_Down);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("txtEmail"));
+    QTest::keyClick(at, Qt::Key_Up);
+    QCOMPARE(QApplication::focusWidget()->objectName(), QString("txtLatMin"));
+
+    // Focus selects the whole text.
+    auto* latMin = Field(p, "txtLatMin");
+    latMin->setText("45");
+    latMin->deselect();
+    hour->setFocus();
+    latMin->setFocus();
+    QCoreApplication::processEvents();
+    QCOMPARE(latMin->selectedText(), QString("45"));
+
+    // The home place of the options file with East: option 21 = 1, option 18 = -1.
+    p.session.options[18] = -1;
+    p.session.options[21] = 1;
+    Click(input, "cmdNow");
+    QVERIFY(Checked(p, "optEast"));
+    QCOMPARE(tz->text(), QString("-1"));
+    QCOMPARE(Field(p, "txtName")->text(), QString("Now"));
+}
+
+void BirthDataWindowsTest::citiesPickAndEditor() {
+    StartedProgram p;
+    Click(Win(p, "Names"), "Command1");
+    QCoreApplication::processEvents();
+    auto* geo = Win<ui::Geograph>(p, "Geograph");
+    QVERIFY(geo && geo->isVisible());
+    QVERIFY(!Win(p, "Names"));
+    QCOMPARE(geo->findChild<QLabel*>("lblCitiesOnFile")->text(), QString("GA_MA.LL"));
+    QVERIFY(geo->places().size() > 1000);
+
+    Field(p, "txtName")->setText("Someone");
+    Pick(geo, "CitiesOnFile", "Sydney,Australia");
+    QCOMPARE(Field(p, "txtLongDeg")->text() + " " + Field(p, "txtLongMin")->text(),
+             QString("151 12"));
+    QCOMPARE(Field(p, "txtLatDeg")->text() + " " + Field(p, "txtLatMin")->text(), QString("33 52"));
+    QVERIFY(Checked(p, "optEast") && Checked(p, "optSouth"));
+    QCOMPARE(Field(p, "txtTZ")->text(), QString("-10"));
+    QCOMPARE(Field(p, "txtName")->text(), QString("Someone"));
+
+    // The editor saves the text and Quit re-reads the list.
+    Click(geo, "cmdEditList");
+    auto* editor = Win(p, "LongLat");
+    QVERIFY(editor && editor->windowTitle().startsWith("Edit: "));
+    editor->findChild<QPlainTextEdit*>("txtContent")
+        ->setPlainText("Lagos,NG,03E24,06N27,-1\nBad,XX\n");
+    Click(editor, "btnSave");
+    QCOMPARE(*ReadFileBytes(p.dir.path() / "GA_MA.LL"),
+             std::string("Lagos,NG,03E24,06N27,-1\r\nBad,XX\r\n"));
+    Click(editor, "btnQuit");
+    QCoreApplication::processEvents();
+    geo = Win<ui::Geograph>(p, "Geograph");
+    QCOMPARE(ListTexts(geo, "CitiesOnFile"), QStringList({"Lagos,NG"}));
+    QVERIFY(p.recorder.saw(CitiesFileLineError().text));
+
+    Click(geo, "Command1");
+    QCoreApplication::processEvents();
+    QVERIFY(Win(p, "Names") && !Win(p, "Geograph"));
+}
+
+void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {
+    StartedProgram p;
+    auto* input = Win<ui::InputD>(p, "InputD");
+    input->move(100, 120);
+    input->findChild<QLabel*>("Label1")->setFocus();
+    QTest::mouseClick(input->findChild<QLabel*>("Label1"), Qt::LeftButton);
+    auto* tz = Win<ui::TimeZone>(p, "TimeZone");
+    QVERIFY(tz && tz->isVisible());
+    QCOMPARE(tz->windowTitle(), QString("Time Zones"));
+    QCOMPARE(tz->x(), input->frameGeometry().right() + 1);
+
+    auto lines = ListTexts(tz, "lstTimeZones");
+    QVERIFY(lines.size() > 30);
+    int india = -1;
+    for (int i = 0; i < lines.size(); ++i)
+        if (lines[i].startsWith("India Standard Time")) india = i;
+    QVERIFY(india >= 0);
+    QCOMPARE(lines[india].mid(32), QString(" -  IST =  -5.5"));
+    Pick(tz, "lstTimeZones", lines[india]);
+    QCOMPARE(Field(p, "txtTZ")->text(), QString("-5.5"));
+    QVERIFY(Checked(p, "optEast"));
+    Pick(tz, "lstTimeZones", lines[0].startsWith("International") ? lines[0] : lines[1]);
+    QVERIFY(Checked(p, "optWest"));
+    QVERIFY(Field(p, "txtTZ")->text().startsWith(" "));
+    QVERIFY(tz->isVisible()); // stays open for another pick
+
+    // OK unloads the list.
+    Click(input, "cmdOK");
+    QCoreApplication::processEvents();
+    QVERIFY(!Win(p, "TimeZone"));
+}
+
+void BirthDataWindowsTest::corruptTimeZoneFile() {
+    StartedProgram p(
+        [](const test::ScratchAppDir& d) { d.Write("TZ.DAT", "A Zone,AZ,1\r\nB\r\n"); });
+    QTest::mouseClick(Win(p, "InputD")->findChild<QLabel*>("Label1"), Qt::LeftButton);
+    QVERIFY(p.recorder.saw("The file TZ.DAT is corrupt."));
+    QCOMPARE(ListTexts(Win(p, "TimeZone"), "lstTimeZones").size(), 1);
+}
+
+void BirthDataWindowsTest::makeNewNamesFile() {
+    StartedProgram p;
+    const fs::path made = p.dir.path() / "NEW.FIL";
+    QString offered;
+    ui::SetNewNamesFileChooser([&](const QString& folder, QWidget*) {
+        offered = folder;
+        return QString::fromStdString(made.string());
+    });
+    p.trigger("mnuFileNewFil");
+    ui::SetNewNamesFileChooser({});
+    QCOMPARE(offered, QString::fromStdString(p.dir.path().string()));
+    auto list = LoadNamesFile(made);
+    QCOMPARE(list.records.size(), size_t(1));
+    QCOMPARE(list.records[0].RecName, std::string("Example"));
+    QCOMPARE(p.session.NamesFilePath.filename().string(), std::string("NAMES.FIL"));
+
+    // "Change List" opens it through the file selection.
+    ui::AppContext::setFileSink(
+        [&](const QString&, QWidget*) { return QString::fromStdString(made.string()); });
+    Click(Win(p, "Names"), "cmdNewFileList");
+    ui::AppContext::setFileSink({});
+    QCOMPARE(Win(p, "Names")->findChild<QLabel*>("lblNamesOnFile")->text(), QString("NEW.FIL"));
+    QCOMPARE(ListTexts(Win(p, "Names"), "NamesOnFile"), QStringList({"Example"}));
+    QCOMPARE(p.session.NamesFilePath, made);
+}
+
+void BirthDataWindowsTest::screenshots() {
+    StartedProgram p;
+    Pick(Win(p, "Names"), "NamesOnFile", "Example");
+    test::SaveScreenshot(Win(p, "InputD"), "birthdata_InputD");
+    test::SaveScreenshot(Win(p, "Names"), "birthdata_Names");
+    QTest::mouseClick(Win(p, "InputD")->findChild<QLabel*>("Label1"), Qt::LeftButton);
+    test::SaveScreenshot(Win(p, "TimeZone"), "birthdata_TimeZone");
+    Click(Win(p, "Names"), "Command1");
+    QCoreApplication::processEvents();
+    test::SaveScreenshot(Win(p, "Geograph"), "birthdata_Geograph");
+    Click(Win(p, "Geograph"), "cmdEditList");
+    test::SaveScreenshot(Win(p, "LongLat"), "birthdata_LongLat");
+    QVERIFY(fs::exists(fs::path(KALTROVA_SCREENSHOTS) / "birthdata_InputD.png"));
+}
+
+QTEST_MAIN(BirthDataWindowsTest)
+#include "birthdata_windows_test.moc"
