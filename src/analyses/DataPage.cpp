@@ -17,9 +17,11 @@ Messages WriteCalculationPage(Session& s) {
     s.out.Append(hyphens);
     ChartHeader(s.chart, s.DateOrder, s.out);
     // The career listing opens with the blank line under the header.
-    if (auto m = ListCareerFactors(s.chart, s.AppPath, s.orbs, s.FocusPlanet, s.out)) msgs.push_back(*m);
+    if (auto m = ListCareerFactors(s.chart, s.AppPath, s.orbs, s.FocusPlanet, s.out))
+        msgs.push_back(*m);
     s.out.Append(hyphens);
-    if (auto m = ListNatalAspects(s.chart, s.AppPath, s.orbs, s.AspectFound, s.out)) msgs.push_back(*m);
+    if (auto m = ListNatalAspects(s.chart, s.AppPath, s.orbs, s.AspectFound, s.out))
+        msgs.push_back(*m);
     s.out.Append(hyphens);
     NatalData(s.chart, s.out);
     s.chart.PlanetLong = s.chart.NatalLong;

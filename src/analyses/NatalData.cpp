@@ -50,8 +50,7 @@ std::string FmtCoord(double v, const std::string& direction) {
     std::string s = FormatNumber(std::fabs(v), "##0.00", Precision::Single);
     size_t at = s.find('.');
     if (at == std::string::npos) at = s.find(',');
-    if (at != std::string::npos && !direction.empty())
-        s[at] = Lower(direction.substr(0, 1))[0];
+    if (at != std::string::npos && !direction.empty()) s[at] = Lower(direction.substr(0, 1))[0];
     return s;
 }
 
@@ -72,11 +71,13 @@ void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out) {
 
 void ListCusps(const Chart& c, OutputBuffer& out) {
     out.AppendBlankLine();
-    out.Append("  HOUSE CUSPS - " + HouseSystemName(c.HouseSystem.empty() ? 'P' : c.HouseSystem[0]));
+    out.Append("  HOUSE CUSPS - " +
+               HouseSystemName(c.HouseSystem.empty() ? 'P' : c.HouseSystem[0]));
     std::string line;
     for (int k = 1; k <= 12; ++k) {
         line += (k % 3 == 1) ? "  " : " ";
-        line += std::string(HouseLabel(k)) + " house = " + CuspText(c.CuspTable[static_cast<size_t>(k)]);
+        line += std::string(HouseLabel(k)) +
+                " house = " + CuspText(c.CuspTable[static_cast<size_t>(k)]);
         if (k % 3 == 0) {
             out.Append(line);
             line.clear();
@@ -86,8 +87,8 @@ void ListCusps(const Chart& c, OutputBuffer& out) {
 
 std::string BodyLine(const Chart& c, int j) {
     return "  " + BodyText(c.PlanetLong[static_cast<size_t>(j)]) + "   " +
-           std::string(PlanetNamesField(j)) + c.RetroFlags.at(static_cast<size_t>(j - 1)) + "    (" +
-           c.PlanetHouse.substr(static_cast<size_t>(10 * j - 10), 10) + ")    ";
+           std::string(PlanetNamesField(j)) + c.RetroFlags.at(static_cast<size_t>(j - 1)) +
+           "    (" + c.PlanetHouse.substr(static_cast<size_t>(10 * j - 10), 10) + ")    ";
 }
 
 void ListBodies(const Chart& c, OutputBuffer& out) {

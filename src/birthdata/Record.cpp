@@ -14,8 +14,8 @@ namespace {
 constexpr std::array<std::string_view, 13> kMonths = {
     "", "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 constexpr std::array<std::string_view, 13> kMonthsLong = {
-    "", "january", "february", "march", "april", "may", "june", "july", "august",
-    "september", "october", "november", "december"};
+    "",     "january", "february",  "march",   "april",    "may",     "june",
+    "july", "august",  "september", "october", "november", "december"};
 
 // A number field: blanks around it allowed, nothing else.
 std::optional<double> StrictNumber(std::string_view text) {
@@ -27,7 +27,9 @@ std::optional<double> StrictNumber(std::string_view text) {
     return v;
 }
 
-bool IsLeap(int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; }
+bool IsLeap(int y) {
+    return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
+}
 
 int MonthFromName(std::string_view word) {
     std::string w = Lower(word);
@@ -46,7 +48,8 @@ std::optional<BirthRecord> ParseRecordLine(std::string_view line) {
     size_t start = 0;
     while (true) {
         size_t comma = line.find(',', start);
-        std::string_view field = line.substr(start, comma == std::string_view::npos ? line.npos : comma - start);
+        std::string_view field =
+            line.substr(start, comma == std::string_view::npos ? line.npos : comma - start);
         size_t b = field.find_first_not_of(" \t");
         f.emplace_back(b == std::string_view::npos ? std::string_view{} : field.substr(b));
         if (comma == std::string_view::npos) break;
@@ -118,13 +121,23 @@ std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder) {
         int a = std::atoi(tok[0].c_str()), b = std::atoi(tok[1].c_str()),
             c = std::atoi(tok[2].c_str());
         switch (dateOrder) {
-        case 1: d = {a, b, c}; break;
-        case 2: d = {c, b, a}; break;
-        default: d = {b, a, c}; break;
+        case 1:
+            d = {a, b, c};
+            break;
+        case 2:
+            d = {c, b, a};
+            break;
+        default:
+            d = {b, a, c};
+            break;
         }
     }
     if (d.month < 1 || d.month > 12 || d.day < 1) return std::nullopt;
-    int dim = d.month == 2 && IsLeap(d.year) ? 29 : std::array{0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31}[static_cast<size_t>(d.month)];
+    int dim =
+        d.month == 2 && IsLeap(d.year)
+            ? 29
+            : std::array{
+                  0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31}[static_cast<size_t>(d.month)];
     if (d.day > dim) return std::nullopt;
     return d;
 }

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
+#include "shell/Options.h"
 #include "shell/TextFile.h"
 #include "shell/VbText.h"
-#include "shell/Options.h"
 
 namespace kal {
 
@@ -73,9 +73,18 @@ struct AspectTest {
 
 // The ranged tests in the order they run; the opposition has no upper bound
 // and the conjunction (run last) no lower one.
-constexpr std::array<AspectTest, 13> kRanged = {{{3, 60},   {4, 90},   {5, 120},  {6, 180},
-                                                 {8, 30},   {9, 45},   {10, 135}, {11, 150},
-                                                 {12, 36},  {13, 40},  {14, 72},  {15, 108},
+constexpr std::array<AspectTest, 13> kRanged = {{{3, 60},
+                                                 {4, 90},
+                                                 {5, 120},
+                                                 {6, 180},
+                                                 {8, 30},
+                                                 {9, 45},
+                                                 {10, 135},
+                                                 {11, 150},
+                                                 {12, 36},
+                                                 {13, 40},
+                                                 {14, 72},
+                                                 {15, 108},
                                                  {16, 144}}};
 
 } // namespace
@@ -109,7 +118,9 @@ std::string Degrees(double v, const char* pattern, size_t width) {
     return PadLeft(FormatNumber(std::floor(v), pattern), width);
 }
 
-std::string Minutes(double v) { return FormatNumber((v - std::floor(v)) * 60, "00"); }
+std::string Minutes(double v) {
+    return FormatNumber((v - std::floor(v)) * 60, "00");
+}
 
 // The exact angle right-aligned in three characters, then two blanks.
 std::string AngleCell(int angle) {
@@ -126,7 +137,9 @@ std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::p
     found = AspectFoundTable{};
 
     std::array<double, 14> P{};
-    for (int pos = 1; pos <= 13; ++pos) P[static_cast<size_t>(pos)] = c.PlanetLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
+    for (int pos = 1; pos <= 13; ++pos)
+        P[static_cast<size_t>(pos)] =
+            c.PlanetLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
 
     std::string detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
     out.AppendBlankLine();
@@ -135,9 +148,12 @@ std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::p
     out.Append(std::string(8, ' ') + "MC  Asc  N.N  Plu  Nep  Ura  Sat  Jup  Mar  Ven  Mer  Moo");
 
     for (int r = 1; r <= 12; ++r) {
-        std::string line = "  " + (r == 11 ? std::string("N.N") : PlanetKey[static_cast<size_t>(r)].substr(0, 3)) + "  ";
+        std::string line =
+            "  " + (r == 11 ? std::string("N.N") : PlanetKey[static_cast<size_t>(r)].substr(0, 3)) +
+            "  ";
         for (int k = 13; k >= r + 1; --k) {
-            AspectHit h = FindAspect(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)], orbs.NatalOrbs);
+            AspectHit h =
+                FindAspect(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)], orbs.NatalOrbs);
             if (h.code == 1) {
                 line += "---  ";
                 continue;
@@ -147,9 +163,9 @@ std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::p
             if (r == 12) continue;
             double adev = std::fabs(h.dev);
             detail += "  " + PadRight(PlanetKey[static_cast<size_t>(r)], 11) +
-                      PadRight(PlanetKey[static_cast<size_t>(k)], 11) + Degrees(h.sep, "##0", 3) + "d " +
-                      Minutes(h.sep) + "m" + std::string(7, ' ') + Degrees(adev, "#0", 4) + "d " +
-                      Minutes(adev) + "m\r\n";
+                      PadRight(PlanetKey[static_cast<size_t>(k)], 11) + Degrees(h.sep, "##0", 3) +
+                      "d " + Minutes(h.sep) + "m" + std::string(7, ' ') + Degrees(adev, "#0", 4) +
+                      "d " + Minutes(adev) + "m\r\n";
         }
         out.Append(line);
     }

@@ -50,9 +50,9 @@ std::filesystem::path CareerOrbPath(const std::filesystem::path& appPath);
 double Separation(double a, double b);
 
 struct AspectHit {
-    int code = 1;    // 1 = no aspect
-    double sep = 0;  // separation
-    double dev = 0;  // separation minus the exact angle
+    int code = 1;   // 1 = no aspect
+    double sep = 0; // separation
+    double dev = 0; // separation minus the exact angle
 };
 
 // The aspect between two longitudes under the given orbs. All comparisons in

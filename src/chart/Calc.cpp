@@ -19,13 +19,18 @@ const Message kLatitudeError{"Your latitude is too high. Lower to 66 degrees, 00
 std::string JoinDate(const std::string& month, const std::string& day, const std::string& year,
                      int dateOrder) {
     switch (dateOrder) {
-    case 1: return day + "/" + month + "/" + year;
-    case 2: return year + "/" + month + "/" + day;
-    default: return month + "/" + day + "/" + year;
+    case 1:
+        return day + "/" + month + "/" + year;
+    case 2:
+        return year + "/" + month + "/" + day;
+    default:
+        return month + "/" + day + "/" + year;
     }
 }
 
-short ToShort(double v) { return static_cast<short>(std::lround(v)); }
+short ToShort(double v) {
+    return static_cast<short>(std::lround(v));
+}
 
 } // namespace
 
@@ -187,8 +192,10 @@ void CalcEphemeris(Chart& c) {
     c.SiderealTime = SiderealTimeText(c.ARMC);
 
     for (int h = 1; h <= 12; ++h) c.HouseCusp[static_cast<size_t>(h)] = cusps[h];
-    for (int h = 1; h <= 9; ++h) c.CuspTable[static_cast<size_t>(h + 3)] = c.HouseCusp[static_cast<size_t>(h)];
-    for (int h = 10; h <= 12; ++h) c.CuspTable[static_cast<size_t>(h - 9)] = c.HouseCusp[static_cast<size_t>(h)];
+    for (int h = 1; h <= 9; ++h)
+        c.CuspTable[static_cast<size_t>(h + 3)] = c.HouseCusp[static_cast<size_t>(h)];
+    for (int h = 10; h <= 12; ++h)
+        c.CuspTable[static_cast<size_t>(h - 9)] = c.HouseCusp[static_cast<size_t>(h)];
 
     c.PlanetLong[Asc] = c.CuspTable[4];
     c.PlanetLong[MC] = c.CuspTable[1];
@@ -197,19 +204,22 @@ void CalcEphemeris(Chart& c) {
 
     c.RetroFlags.assign(NumBodies, ' ');
     for (int j = 1; j <= NumBodies - 2; ++j)
-        if (c.PlanetSpeed[static_cast<size_t>(j)] < 0) c.RetroFlags[static_cast<size_t>(j - 1)] = 'R';
+        if (c.PlanetSpeed[static_cast<size_t>(j)] < 0)
+            c.RetroFlags[static_cast<size_t>(j - 1)] = 'R';
 }
 
 void FindPlanetHouses(Chart& c) {
     if (c.PlanetHouse.size() < 130) c.PlanetHouse.resize(130, ' ');
-    for (int j = 1; j <= NumBodies; ++j) c.PlanetHouse.replace(static_cast<size_t>(10 * j - 6), 6, " HOUSE");
+    for (int j = 1; j <= NumBodies; ++j)
+        c.PlanetHouse.replace(static_cast<size_t>(10 * j - 6), 6, " HOUSE");
     for (int h = 1; h <= 12; ++h) {
         int next = h == 12 ? 1 : h + 1;
         double from = c.CuspTable[static_cast<size_t>(h)];
         double to = c.CuspTable[static_cast<size_t>(next)];
         for (int j = 1; j <= NumBodies; ++j) {
             double p = c.PlanetLong[static_cast<size_t>(j)] + 1.0 / 36000.0;
-            bool in = from <= to ? (from <= p && p < to) : ((from <= p && p < 360) || (0 <= p && p < to));
+            bool in =
+                from <= to ? (from <= p && p < to) : ((from <= p && p < 360) || (0 <= p && p < to));
             if (in) c.PlanetHouse.replace(static_cast<size_t>(10 * j - 10), 4, HouseLabel(h));
         }
     }
@@ -220,6 +230,8 @@ void OpenEphemeris(const std::filesystem::path& ephemsDir) {
     swe_set_ephe_path(p.data());
 }
 
-void CloseEphemeris() { swe_close(); }
+void CloseEphemeris() {
+    swe_close();
+}
 
 } // namespace kal

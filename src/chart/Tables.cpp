@@ -4,7 +4,9 @@
 
 namespace kal {
 
-int SignOf(double longitude) { return static_cast<int>(std::floor(longitude / 30.0)) + 1; }
+int SignOf(double longitude) {
+    return static_cast<int>(std::floor(longitude / 30.0)) + 1;
+}
 
 std::string_view SignAbbrOf(int sign) {
     if (sign < 1 || sign > 12) return "???";
@@ -15,7 +17,9 @@ std::string_view PlanetNamesField(int body) {
     return PlanetNames.substr(static_cast<size_t>(body - 1) * 10, 10);
 }
 
-std::string_view HouseLabel(int k) { return HouseLabels.substr(static_cast<size_t>(k - 1) * 4, 4); }
+std::string_view HouseLabel(int k) {
+    return HouseLabels.substr(static_cast<size_t>(k - 1) * 4, 4);
+}
 
 std::string_view AspectName(int code) {
     if (code < 1 || code > 16) return "            ";

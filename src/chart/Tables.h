@@ -14,34 +14,46 @@ namespace kal {
 inline constexpr int NumBodies = 13;
 
 enum Body : int {
-    Sun = 1, Mercury, Venus, Mars, Jupiter, Saturn, Uranus, Neptune, Pluto, Moon,
-    NNode, Asc, MC
+    Sun = 1,
+    Mercury,
+    Venus,
+    Mars,
+    Jupiter,
+    Saturn,
+    Uranus,
+    Neptune,
+    Pluto,
+    Moon,
+    NNode,
+    Asc,
+    MC
 };
 
 // Index 0 of every table is unused so that the documented 1-based numbers
 // index directly.
 inline const std::array<std::string, 14> PlanetName = {
-    "", "Sun", "Mercury", "Venus", "Mars", "Jupiter", "Saturn", "Uranus", "Neptune",
-    "Pluto", "Moon", "N. Node", "Asc", "MC "};
+    "",       "Sun",     "Mercury", "Venus", "Mars",    "Jupiter", "Saturn",
+    "Uranus", "Neptune", "Pluto",   "Moon",  "N. Node", "Asc",     "MC "};
 
 inline constexpr std::string_view PlanetNames =
     "Sun       Mercury   Venus     Mars      Jupiter   Saturn    Uranus    Neptune   "
     "Pluto     Moon      N. Node   Asc       MC        ";
 
 inline const std::array<std::string, 15> PlanetName9 = {
-    "", "Sun      ", "Mercury  ", "Venus    ", "Mars     ", "Jupiter  ", "Saturn   ",
-    "Uranus   ", "Neptune  ", "Pluto    ", "Moon     ", "NN       ", "Ascendant", "", ""};
+    "",          "Sun      ", "Mercury  ", "Venus    ", "Mars     ",
+    "Jupiter  ", "Saturn   ", "Uranus   ", "Neptune  ", "Pluto    ",
+    "Moon     ", "NN       ", "Ascendant", "",          ""};
 
 // Listing order: the key of interpretation texts and of the aspect grid.
 inline const std::array<std::string, 14> PlanetKey = {
-    "", "Sun", "Moon", "Mercury", "Venus", "Mars", "Jupiter", "Saturn", "Uranus",
-    "Neptune", "Pluto", "N_Node", "Asc", "M_Heaven"};
+    "",       "Sun",    "Moon",    "Mercury", "Venus",  "Mars", "Jupiter",
+    "Saturn", "Uranus", "Neptune", "Pluto",   "N_Node", "Asc",  "M_Heaven"};
 // Body number at each listing position.
 inline constexpr std::array<int, 14> KeyBody = {0, 1, 10, 2, 3, 4, 5, 6, 7, 8, 9, 11, 12, 13};
 
 inline const std::array<std::string, 13> SignName = {
-    "", "Aries", "Taurus", "Gemini", "Cancer", "Leo", "Virgo", "Libra", "Scorpio",
-    "Sagittarius", "Capricorn", "Aquarius", "Pisces"};
+    "",      "Aries",   "Taurus",      "Gemini",    "Cancer",   "Leo",   "Virgo",
+    "Libra", "Scorpio", "Sagittarius", "Capricorn", "Aquarius", "Pisces"};
 
 inline constexpr std::string_view SignAbbr = "AriTauGemCanLeoVirLibScoSagCprAquPis";
 
@@ -54,10 +66,11 @@ inline constexpr std::string_view AspectNames =
     "quincunx    s.quintile  nonagen     quintile    trecile     "
     "bi-quintile ";
 
-inline constexpr std::array<int, 18> AspectAngle = {0,  0,  0,  60, 90,  120, 180, 0,   30,
+inline constexpr std::array<int, 18> AspectAngle = {0,  0,   0,   60, 90, 120, 180, 0,   30,
                                                     45, 135, 150, 36, 40, 72,  108, 144, 165};
 
-inline constexpr std::array<int, 13> DaysInMonth = {0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+inline constexpr std::array<int, 13> DaysInMonth = {0,  31, 28, 31, 30, 31, 30,
+                                                    31, 31, 30, 31, 30, 31};
 
 // Sign 1..12 of a longitude: Int(L / 30) + 1.
 int SignOf(double longitude);
@@ -68,8 +81,12 @@ std::string_view PlanetNamesField(int body);
 // The 4-character house label of cusp index k.
 std::string_view HouseLabel(int cuspIndex);
 // Cusp index of house h, and house of cusp index k.
-inline int CuspIndexOfHouse(int house) { return ((house + 2) % 12) + 1; }
-inline int HouseOfCuspIndex(int k) { return ((k + 8) % 12) + 1; }
+inline int CuspIndexOfHouse(int house) {
+    return ((house + 2) % 12) + 1;
+}
+inline int HouseOfCuspIndex(int k) {
+    return ((k + 8) % 12) + 1;
+}
 // The 12-character name field of aspect code c (2..16); blanks for code 1.
 std::string_view AspectName(int code);
 

@@ -97,17 +97,25 @@ int main(int argc, char** argv) {
             }
             return args[++i];
         };
-        if (a == "--dir") dir = value();
-        else if (a == "--houses") houses = value();
-        else if (a == "--record") record = value();
-        else if (a == "--names") namesFile = value();
-        else if (a == "--name") name = value();
-        else if (a == "--date-order") dateOrder = std::atoi(value().c_str());
+        if (a == "--dir")
+            dir = value();
+        else if (a == "--houses")
+            houses = value();
+        else if (a == "--record")
+            record = value();
+        else if (a == "--names")
+            namesFile = value();
+        else if (a == "--name")
+            name = value();
+        else if (a == "--date-order")
+            dateOrder = std::atoi(value().c_str());
         else if (a == "-h" || a == "--help") {
             std::cout << kUsage;
             return 0;
-        } else if (a == "batch" && command.empty() && !batch) batch = true;
-        else if (!a.empty() && a[0] != '-' && command.empty()) command = a;
+        } else if (a == "batch" && command.empty() && !batch)
+            batch = true;
+        else if (!a.empty() && a[0] != '-' && command.empty())
+            command = a;
         else {
             std::cerr << "kaltrova-cli: unexpected argument '" << a << "'\n" << kUsage;
             return 64;
@@ -163,10 +171,12 @@ int main(int argc, char** argv) {
         } else {
             int idx = FindRecord(list.records, name);
             if (idx < 0) {
-                std::cerr << "kaltrova-cli: no record named '" << name << "' in " << namesFile << "\n";
+                std::cerr << "kaltrova-cli: no record named '" << name << "' in " << namesFile
+                          << "\n";
                 return 65;
             }
-            status = RunRecord(s, list.records[static_cast<size_t>(idx)], it->second, command == "page");
+            status =
+                RunRecord(s, list.records[static_cast<size_t>(idx)], it->second, command == "page");
         }
     } else if (!record.empty()) {
         auto rec = ParseRecordLine(record);

@@ -23,9 +23,13 @@ void OutputBuffer::Append(std::string line) {
     AppendOutLine();
 }
 
-void OutputBuffer::ClearDataPage() { PageLines.assign(1, std::string()); }
+void OutputBuffer::ClearDataPage() {
+    PageLines.assign(1, std::string());
+}
 
-void OutputBuffer::ClearAllLines() { AllLines.assign(1, std::string()); }
+void OutputBuffer::ClearAllLines() {
+    AllLines.assign(1, std::string());
+}
 
 std::filesystem::path LastPagePath(const std::filesystem::path& appPath) {
     return FindFile(FindFile(appPath, "reports"), "LASTPAGE.TXT");

@@ -24,9 +24,13 @@ void Session::Open(const std::filesystem::path& appPath) {
     houseMenu = HouseMenuFromOption(options[27]);
 }
 
-void Session::Close() { CloseEphemeris(); }
+void Session::Close() {
+    CloseEphemeris();
+}
 
-bool Session::ReadOptions() { return options.ReadOptions(FindFile(AppPath, "OPTIONS.OPT")); }
+bool Session::ReadOptions() {
+    return options.ReadOptions(FindFile(AppPath, "OPTIONS.OPT"));
+}
 
 void Session::BeginDataPage() {
     out.ClearDataPage();

@@ -78,7 +78,8 @@ void RoundDecimal(const Decimal& d, int frac, std::string& intPart, std::string&
 std::string FormatNumber(double v, std::string_view pattern, Precision p) {
     size_t dot = pattern.find('.');
     std::string_view ip = pattern.substr(0, dot);
-    std::string_view fp = dot == std::string_view::npos ? std::string_view{} : pattern.substr(dot + 1);
+    std::string_view fp =
+        dot == std::string_view::npos ? std::string_view{} : pattern.substr(dot + 1);
     size_t firstZero = ip.find('0');
     int minInt = firstZero == std::string_view::npos ? 0 : static_cast<int>(ip.size() - firstZero);
     int frac = static_cast<int>(fp.size());
@@ -87,7 +88,8 @@ std::string FormatNumber(double v, std::string_view pattern, Precision p) {
 
     std::string intPart, fracPart;
     RoundDecimal(ToDecimal(v, static_cast<int>(p)), frac, intPart, fracPart);
-    while (static_cast<int>(fracPart.size()) > minFrac && fracPart.back() == '0') fracPart.pop_back();
+    while (static_cast<int>(fracPart.size()) > minFrac && fracPart.back() == '0')
+        fracPart.pop_back();
     if (static_cast<int>(intPart.size()) < minInt)
         intPart.insert(0, static_cast<size_t>(minInt) - intPart.size(), '0');
 
@@ -126,7 +128,9 @@ std::string GeneralText(double v, Precision p, bool leadingZero) {
 }
 } // namespace
 
-std::string NumText(double v, Precision p) { return GeneralText(v, p, true); }
+std::string NumText(double v, Precision p) {
+    return GeneralText(v, p, true);
+}
 
 std::string StrText(double v, Precision p) {
     std::string s = GeneralText(v, p, false);

@@ -56,10 +56,8 @@ TEST(ChartHeader, ThreeLinesWithFixedSpacing) {
     OutputBuffer out;
     ChartHeader(HeaderChart(), 0, out);
     EXPECT_EQ(out.PageLines, (std::vector<std::string>{
-                                 "",
-                                 "  Mary Jane Smith",
-                                 "  05 Mar 2007    TZ = -5.5      9.05 P.M.   77e12    9s30",
-                                 ""}));
+                                 "", "  Mary Jane Smith",
+                                 "  05 Mar 2007    TZ = -5.5      9.05 P.M.   77e12    9s30", ""}));
     // The same numbers read day first.
     Chart c = HeaderChart();
     c.ChartDate = "5/3/2007";
@@ -103,7 +101,8 @@ TEST(NatalDataListing, CuspBlockAndBodyBlock) {
     for (int k = 1; k <= 12; ++k) c.NatalCusp[static_cast<size_t>(k)] = 15 + 30 * (k - 1);
     c.NatalCusp[13] = 123; // not a cusp; never listed
     // By body number: Sun, Mercury..Pluto, Moon, Node, Asc, MC.
-    const double lon[14] = {0, 105.5, 80.25, 130, 200, 300.75, 359.999, 1, 45, 250, 15.0126, 190, 105, 15};
+    const double lon[14] = {0, 105.5, 80.25, 130,     200, 300.75, 359.999,
+                            1, 45,    250,   15.0126, 190, 105,    15};
     for (int j = 1; j <= 13; ++j) c.NatalLong[static_cast<size_t>(j)] = lon[j];
     c.NatalRetro = "   RR   R    "; // Mars, Jupiter, Pluto
     c.HouseSystem = "O";

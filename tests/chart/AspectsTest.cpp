@@ -56,8 +56,8 @@ TEST(AspectSearch, BoundsAreInclusiveInSinglePrecision) {
     EXPECT_DOUBLE_EQ(FindAspect(0, 172, o).dev, -8);
     EXPECT_EQ(FindAspect(0, 171.9, o).code, 1);
     EXPECT_EQ(FindAspect(10, 190, o).code, 6);
-    EXPECT_EQ(FindAspect(0, 68, o).code, 1);  // between the sextile and quintile windows
-    EXPECT_EQ(FindAspect(0, 66, o).code, 3);  // 60 + 6, inclusive
+    EXPECT_EQ(FindAspect(0, 68, o).code, 1);         // between the sextile and quintile windows
+    EXPECT_EQ(FindAspect(0, 66, o).code, 3);         // 60 + 6, inclusive
     EXPECT_EQ(FindAspect(0, 66.0000001, o).code, 3); // equal once rounded to 32 bits
     EXPECT_EQ(FindAspect(0, 66.00001, o).code, 1);
     EXPECT_EQ(FindAspect(350, 10, o).code, 1); // separation 20
@@ -191,9 +191,11 @@ TEST(NatalAspectListing, MinutesRoundWhileDegreesTruncate) {
     AspectFoundTable found{};
     OutputBuffer out;
     ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
-    EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 59m          0d 01m\r\n"), std::string::npos);
+    EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 59m          0d 01m\r\n"),
+              std::string::npos);
     c.PlanetLong[MC] = 59.995;
     out = OutputBuffer{};
     ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
-    EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 60m          0d 00m\r\n"), std::string::npos);
+    EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 60m          0d 00m\r\n"),
+              std::string::npos);
 }

@@ -42,7 +42,9 @@ std::vector<std::string> Texts(const Messages& m) {
 
 } // namespace
 
-TEST(InputChecks, ValidInputPasses) { EXPECT_TRUE(InputChecks(Valid(), 'P').empty()); }
+TEST(InputChecks, ValidInputPasses) {
+    EXPECT_TRUE(InputChecks(Valid(), 'P').empty());
+}
 
 TEST(InputChecks, OneMessagePerFailingTest) {
     InputFields in = Valid();
@@ -117,8 +119,11 @@ TEST(CalcInputs, TwelveHourClockAndZone) {
         bool am;
         float zone;
         float expectHour;
-    } rows[] = {{"12", true, 0, 0},  {"12", false, 0, 12}, {"1", false, 0, 13},
-                {"10", false, 5, 27}, {"1", true, -10, -9}};
+    } rows[] = {{"12", true, 0, 0},
+                {"12", false, 0, 12},
+                {"1", false, 0, 13},
+                {"10", false, 5, 27},
+                {"1", true, -10, -9}};
     for (const auto& r : rows) {
         InputFields in = Valid();
         in.txtBirthHour = r.hour;
@@ -205,8 +210,10 @@ TEST(ChartJulDay, AgreesWithTheEphemerisCalendar) {
         float time;
         const char* ampm;
         float tz;
-    } rows[] = {{1959, 5, 12, 10.43f, "A.M.", 6}, {2000, 1, 1, 12.0f, "P.M.", 0},
-                {1900, 3, 1, 12.30f, "A.M.", -1}, {2024, 2, 29, 11.59f, "P.M.", 5.5f},
+    } rows[] = {{1959, 5, 12, 10.43f, "A.M.", 6},
+                {2000, 1, 1, 12.0f, "P.M.", 0},
+                {1900, 3, 1, 12.30f, "A.M.", -1},
+                {2024, 2, 29, 11.59f, "P.M.", 5.5f},
                 {1582, 10, 15, 1.0f, "A.M.", 0}};
     for (const auto& r : rows) {
         Chart c;

@@ -32,7 +32,8 @@ SwetestResult RunSwetest(double jdUT, double lon, double lat, char hsys) {
         auto c1 = line.find(',');
         if (c1 == std::string::npos) continue;
         auto c2 = line.find(',', c1 + 1);
-        r.rows.emplace_back(Val(line.substr(c1 + 1)), c2 == std::string::npos ? 0 : Val(line.substr(c2 + 1)));
+        r.rows.emplace_back(Val(line.substr(c1 + 1)),
+                            c2 == std::string::npos ? 0 : Val(line.substr(c2 + 1)));
     }
     return r;
 }
@@ -62,7 +63,8 @@ InputFields RandomInput(std::mt19937& rng, char hsys) {
 } // namespace
 
 TEST(SwetestCrossCheck, BodiesSpeedsAndCuspsInEverySystem) {
-    if (kal::test::RunShell("command -v swetest >/dev/null").status != 0) GTEST_SKIP() << "swetest missing";
+    if (kal::test::RunShell("command -v swetest >/dev/null").status != 0)
+        GTEST_SKIP() << "swetest missing";
     OpenEphemeris(kal::test::AppDir() / "ephems");
     std::mt19937 rng(20261122);
     int checked = 0;
@@ -81,23 +83,29 @@ TEST(SwetestCrossCheck, BodiesSpeedsAndCuspsInEverySystem) {
 
             SwetestResult s = RunSwetest(c.JulDayUT, c.GeoLong, c.GeoLat, hs.letter);
             ASSERT_GE(s.rows.size(), 26u) << "swetest output incomplete";
-            const int bodyOrder[11] = {Sun, Moon, Mercury, Venus, Mars, Jupiter,
+            const int bodyOrder[11] = {Sun,    Moon,   Mercury, Venus, Mars, Jupiter,
                                        Saturn, Uranus, Neptune, Pluto, NNode};
             std::string where = std::string(hs.name) + " " + in.txtMonth + "/" + in.txtDay + "/" +
                                 in.txtYear + " " + in.txtBirthHour + ":" + in.txtBirthMinute;
             for (int i = 0; i < 11; ++i) {
-                EXPECT_NEAR(c.PlanetLong[static_cast<size_t>(bodyOrder[i])], s.rows[static_cast<size_t>(i)].first, 2e-7) << where << " body " << bodyOrder[i];
-                EXPECT_NEAR(c.PlanetSpeed[static_cast<size_t>(bodyOrder[i])], s.rows[static_cast<size_t>(i)].second, 2e-7) << where;
+                EXPECT_NEAR(c.PlanetLong[static_cast<size_t>(bodyOrder[i])],
+                            s.rows[static_cast<size_t>(i)].first, 2e-7)
+                    << where << " body " << bodyOrder[i];
+                EXPECT_NEAR(c.PlanetSpeed[static_cast<size_t>(bodyOrder[i])],
+                            s.rows[static_cast<size_t>(i)].second, 2e-7)
+                    << where;
             }
             for (int h = 1; h <= 12; ++h) {
-                EXPECT_NEAR(c.CuspTable[static_cast<size_t>(CuspIndexOfHouse(h))], s.rows[static_cast<size_t>(10 + h)].first, 2e-7)
+                EXPECT_NEAR(c.CuspTable[static_cast<size_t>(CuspIndexOfHouse(h))],
+                            s.rows[static_cast<size_t>(10 + h)].first, 2e-7)
                     << where << " house " << h;
             }
             EXPECT_NEAR(c.PlanetLong[Asc], s.rows[23].first, 2e-7) << where;
             EXPECT_NEAR(c.PlanetLong[MC], s.rows[24].first, 2e-7) << where;
             EXPECT_NEAR(c.ARMC, s.rows[25].first, 2e-7) << where;
             for (int j = 1; j <= 11; ++j)
-                EXPECT_EQ(c.RetroFlags[static_cast<size_t>(j - 1)] == 'R', c.PlanetSpeed[static_cast<size_t>(j)] < 0);
+                EXPECT_EQ(c.RetroFlags[static_cast<size_t>(j - 1)] == 'R',
+                          c.PlanetSpeed[static_cast<size_t>(j)] < 0);
             ++checked;
         }
     }

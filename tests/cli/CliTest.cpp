@@ -54,27 +54,29 @@ TEST(CliPages, NamesFileRecordAndDateOrders) {
     kal::test::ScratchAppDir dir;
     dir.Write("MINE.FIL", "Other,01 Jan 2000,12.00,P,0,0.00,51.30,\r\n" + kSouthern + "\r\n");
     auto byName = RunShell(Cli(dir.path(), "--houses R natal --names " +
-                                          ShellQuote((dir.path() / "MINE.FIL").string()) +
-                                          " --name Southern"));
+                                               ShellQuote((dir.path() / "MINE.FIL").string()) +
+                                               " --name Southern"));
     EXPECT_EQ(byName.status, 0);
     EXPECT_EQ(byName.out, Stored("southern_natal_regiomontanus.txt"));
     // The header date is the same in every date order.
     for (const char* order : {"1", "2"}) {
-        auto r = RunShell(Cli(dir.path(), std::string("--date-order ") + order + " --houses R natal --record " +
-                                         ShellQuote(kSouthern)));
+        auto r =
+            RunShell(Cli(dir.path(), std::string("--date-order ") + order +
+                                         " --houses R natal --record " + ShellQuote(kSouthern)));
         EXPECT_EQ(r.out, Stored("southern_natal_regiomontanus.txt")) << order;
     }
-    auto missing = RunShell(Cli(dir.path(), "natal --names " + ShellQuote((dir.path() / "MINE.FIL").string()) +
-                                           " --name Nobody 2>/dev/null"));
+    auto missing =
+        RunShell(Cli(dir.path(), "natal --names " + ShellQuote((dir.path() / "MINE.FIL").string()) +
+                                     " --name Nobody 2>/dev/null"));
     EXPECT_NE(missing.status, 0);
 }
 
 TEST(CliInput, BadRecordsGiveTheCheckMessages) {
     kal::test::ScratchAppDir dir;
     // Latitude 70 with Placidus, and a zone of -3 with a West longitude.
-    auto r = RunShell(Cli(dir.path(), "natal --record " +
-                                     ShellQuote("Far North,12 May 1959,10.43,A,-3,75.23,70.00,") +
-                                     " 2>&1"));
+    auto r = RunShell(
+        Cli(dir.path(), "natal --record " +
+                            ShellQuote("Far North,12 May 1959,10.43,A,-3,75.23,70.00,") + " 2>&1"));
     EXPECT_EQ(r.status, 1);
     EXPECT_EQ(r.out,
               "Warning! Error in natal input data section. Please correct.\n"
@@ -83,19 +85,24 @@ TEST(CliInput, BadRecordsGiveTheCheckMessages) {
     EXPECT_FALSE(std::filesystem::exists(dir.path() / "reports" / "LASTPAGE.TXT"));
 
     // The same place with Porphyry houses passes the latitude check.
-    auto p = RunShell(Cli(dir.path(), "--houses O natal --record " +
+    auto p =
+        RunShell(Cli(dir.path(), "--houses O natal --record " +
                                      ShellQuote("Far North,12 May 1959,10.43,A,5,75.23,70.00,")));
     EXPECT_EQ(p.status, 0);
     EXPECT_NE(p.out.find("HOUSE CUSPS - Porphyry"), std::string::npos);
 
-    auto fmt = RunShell(Cli(dir.path(), "natal --record " + ShellQuote("Bad,12 May 1959,ten,A,6,75.23,39.45,") +
-                                       " 2>&1"));
+    auto fmt =
+        RunShell(Cli(dir.path(), "natal --record " +
+                                     ShellQuote("Bad,12 May 1959,ten,A,6,75.23,39.45,") + " 2>&1"));
     EXPECT_EQ(fmt.status, 2);
-    EXPECT_NE(fmt.out.find("Format error or typographical error in selected data."), std::string::npos);
+    EXPECT_NE(fmt.out.find("Format error or typographical error in selected data."),
+              std::string::npos);
 
-    auto shape = RunShell(Cli(dir.path(), "natal --record " + ShellQuote("Only,three,fields") + " 2>/dev/null"));
+    auto shape = RunShell(
+        Cli(dir.path(), "natal --record " + ShellQuote("Only,three,fields") + " 2>/dev/null"));
     EXPECT_NE(shape.status, 0);
-    auto usage = RunShell(Cli(dir.path(), "nonsense --record " + ShellQuote(kExample) + " 2>/dev/null"));
+    auto usage =
+        RunShell(Cli(dir.path(), "nonsense --record " + ShellQuote(kExample) + " 2>/dev/null"));
     EXPECT_EQ(usage.status, 64);
 }
 

@@ -10,7 +10,9 @@ namespace kal::test {
 
 namespace fs = std::filesystem;
 
-std::filesystem::path AppDir() { return KALTROVA_APPDIR; }
+std::filesystem::path AppDir() {
+    return KALTROVA_APPDIR;
+}
 
 ScratchAppDir::ScratchAppDir() {
     std::random_device rd;
@@ -35,8 +37,10 @@ void ScratchAppDir::Write(const std::string& name, const std::string& bytes) con
 std::string ShellQuote(const std::string& s) {
     std::string q = "'";
     for (char c : s) {
-        if (c == '\'') q += "'\\''";
-        else q += c;
+        if (c == '\'')
+            q += "'\\''";
+        else
+            q += c;
     }
     return q + "'";
 }

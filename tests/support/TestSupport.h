@@ -11,7 +11,7 @@ namespace kal::test {
 // built program directory's data files (ephemeris linked). Removed on
 // destruction.
 class ScratchAppDir {
-public:
+  public:
     ScratchAppDir();
     ~ScratchAppDir();
     ScratchAppDir(const ScratchAppDir&) = delete;
@@ -20,7 +20,7 @@ public:
     // Writes a file into the directory (bytes as given).
     void Write(const std::string& name, const std::string& bytes) const;
 
-private:
+  private:
     std::filesystem::path path_;
 };
 
