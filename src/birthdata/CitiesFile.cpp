@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "birthdata/ListFile.h"
 #include "shell/TextFile.h"
 #include "shell/VbText.h"
 
@@ -58,17 +59,7 @@ Message CityFormatError() {
 }
 
 std::optional<CityRecord> ParseCityLine(std::string_view line) {
-    std::vector<std::string> f;
-    size_t start = 0;
-    while (true) {
-        size_t comma = line.find(',', start);
-        std::string_view field =
-            line.substr(start, comma == std::string_view::npos ? line.npos : comma - start);
-        size_t b = field.find_first_not_of(" \t");
-        f.emplace_back(b == std::string_view::npos ? std::string_view{} : field.substr(b));
-        if (comma == std::string_view::npos) break;
-        start = comma + 1;
-    }
+    std::vector<std::string> f = SplitFields(line);
     if (f.size() != 5) return std::nullopt;
     return CityRecord{f[0] + "," + f[1], Trim(f[2]), Trim(f[3]), Trim(f[4])};
 }
@@ -79,19 +70,8 @@ std::string CityLine(const CityRecord& c) {
 
 CitiesList LoadCitiesFile(const std::filesystem::path& file) {
     CitiesList list;
-    auto lines = ReadLines(file);
-    if (!lines) return list;
-    list.opened = true;
-    for (const auto& line : *lines) {
-        size_t b = line.find_first_not_of(" \t");
-        if (b == std::string::npos || line[b] == ',') break;
-        auto c = ParseCityLine(line);
-        if (!c) {
-            list.errors.push_back(CitiesFileLineError());
-            continue;
-        }
-        list.places.push_back(std::move(*c));
-    }
+    list.opened =
+        ReadListFile(file, ParseCityLine, CitiesFileLineError(), list.places, list.errors);
     return list;
 }
 

@@ -9,22 +9,6 @@ namespace kal {
 
 namespace {
 
-bool IsNumberText(std::string_view t) {
-    std::string s = Trim(t);
-    size_t i = 0;
-    if (!s.empty() && (s[0] == '-' || s[0] == '+')) ++i;
-    bool digit = false, point = false;
-    for (; i < s.size(); ++i) {
-        if (std::isdigit(static_cast<unsigned char>(s[i])))
-            digit = true;
-        else if (s[i] == '.' && !point)
-            point = true;
-        else
-            return false;
-    }
-    return digit;
-}
-
 std::string OptionText(const Options& o, int n) {
     return NumText(o[n], Precision::Single);
 }
@@ -74,7 +58,7 @@ BirthHourCheck CheckBirthHour(std::string_view text) {
         r.message = BirthHourEmptyMessage();
         return r;
     }
-    if (!IsNumberText(text)) {
+    if (!NumberText(text).has_value()) {
         r.message = TypingTooFastMessage();
         return r;
     }

@@ -1,5 +1,6 @@
 #include "birthdata/NamesFile.h"
 
+#include "birthdata/ListFile.h"
 #include "shell/TextFile.h"
 
 namespace kal {
@@ -14,19 +15,8 @@ Message NamesFileLineError() {
 
 NamesList LoadNamesFile(const std::filesystem::path& file) {
     NamesList list;
-    auto lines = ReadLines(file);
-    if (!lines) return list;
-    list.opened = true;
-    for (const auto& line : *lines) {
-        size_t b = line.find_first_not_of(" \t");
-        if (b == std::string::npos || line[b] == ',') break;
-        auto rec = ParseRecordLine(line);
-        if (!rec) {
-            list.errors.push_back(NamesFileLineError());
-            continue;
-        }
-        list.records.push_back(std::move(*rec));
-    }
+    list.opened =
+        ReadListFile(file, ParseRecordLine, NamesFileLineError(), list.records, list.errors);
     return list;
 }
 

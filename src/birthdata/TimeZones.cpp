@@ -7,25 +7,7 @@
 
 namespace kal {
 
-namespace {
-
-bool IsNumberText(std::string_view t) {
-    std::string s = Trim(t);
-    size_t i = 0;
-    if (!s.empty() && (s[0] == '-' || s[0] == '+')) ++i;
-    bool digit = false, point = false;
-    for (; i < s.size(); ++i) {
-        if (std::isdigit(static_cast<unsigned char>(s[i])))
-            digit = true;
-        else if (s[i] == '.' && !point)
-            point = true;
-        else
-            return false;
-    }
-    return digit;
-}
-
-} // namespace
+namespace {} // namespace
 
 Message TzCorruptMessage() {
     return {"The file TZ.DAT is corrupt.", "Error!", Icon::Critical};
@@ -143,7 +125,7 @@ std::optional<Message> ApplyZone(const ZoneTable& t, std::string_view line, Inpu
     const std::string name = ZoneNameOfLine(line);
     for (size_t i = 0; i < t.ZoneName.size(); ++i) {
         if (t.ZoneName[i] != name) continue;
-        if (!IsNumberText(t.ZoneOffset[i])) return TzCorruptMessage();
+        if (!NumberText(t.ZoneOffset[i]).has_value()) return TzCorruptMessage();
         double v = Val(t.ZoneOffset[i]);
         in.optEast = v < 0;
         in.txtTZ = StrText(v);

@@ -159,6 +159,38 @@ double Val(std::string_view t) {
     return std::strtod(num.c_str(), nullptr);
 }
 
+std::optional<double> NumberText(std::string_view t) {
+    std::string s = Trim(t);
+    size_t i = 0;
+    if (!s.empty() && (s[0] == '-' || s[0] == '+')) ++i;
+    bool digit = false, point = false;
+    for (; i < s.size(); ++i) {
+        if (std::isdigit(static_cast<unsigned char>(s[i])))
+            digit = true;
+        else if (s[i] == '.' && !point)
+            point = true;
+        else
+            return std::nullopt;
+    }
+    if (!digit) return std::nullopt;
+    return std::strtod(s.c_str(), nullptr);
+}
+
+std::vector<std::string> SplitFields(std::string_view line) {
+    std::vector<std::string> f;
+    size_t start = 0;
+    while (true) {
+        size_t comma = line.find(',', start);
+        std::string_view field =
+            line.substr(start, comma == std::string_view::npos ? line.npos : comma - start);
+        size_t b = field.find_first_not_of(" \t");
+        f.emplace_back(b == std::string_view::npos ? std::string_view{} : field.substr(b));
+        if (comma == std::string_view::npos) break;
+        start = comma + 1;
+    }
+    return f;
+}
+
 std::string PadLeft(std::string_view text, size_t n) {
     std::string s(text);
     if (s.size() < n) s.insert(0, n - s.size(), ' ');

@@ -4,8 +4,10 @@
 // number at the start of a text.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kal {
 
@@ -32,6 +34,15 @@ std::string StrText(double v, Precision p = Precision::Double);
 // an optional sign, digits, an optional point and digits. Anything else ends
 // the number; text that does not start with one reads as 0.
 double Val(std::string_view text);
+
+// The value of a text that is a plain number and nothing else: blanks around
+// it, an optional sign, digits and at most one point (no exponent). Nothing
+// for any other text.
+std::optional<double> NumberText(std::string_view text);
+
+// Splits a data-file line at its commas; leading blanks of each field are
+// skipped. A line without commas is one field.
+std::vector<std::string> SplitFields(std::string_view line);
 
 // Right-aligns text in a field of width n (no truncation).
 std::string PadLeft(std::string_view text, size_t n);
