@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "birthdata/InputRules.h"
 #include "shell/VbText.h"
 
 namespace kal {
@@ -16,16 +17,6 @@ constexpr std::array<std::string_view, 13> kMonths = {
 constexpr std::array<std::string_view, 13> kMonthsLong = {
     "",     "january", "february",  "march",   "april",    "may",     "june",
     "july", "august",  "september", "october", "november", "december"};
-
-// A number field: blanks around it allowed, nothing else.
-std::optional<double> StrictNumber(std::string_view text) {
-    std::string t = Trim(text);
-    if (t.empty()) return std::nullopt;
-    char* end = nullptr;
-    double v = std::strtod(t.c_str(), &end);
-    if (end != t.c_str() + t.size() || !std::isfinite(v)) return std::nullopt;
-    return v;
-}
 
 bool IsLeap(int y) {
     return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0;
@@ -44,17 +35,7 @@ int MonthFromName(std::string_view word) {
 } // namespace
 
 std::optional<BirthRecord> ParseRecordLine(std::string_view line) {
-    std::vector<std::string> f;
-    size_t start = 0;
-    while (true) {
-        size_t comma = line.find(',', start);
-        std::string_view field =
-            line.substr(start, comma == std::string_view::npos ? line.npos : comma - start);
-        size_t b = field.find_first_not_of(" \t");
-        f.emplace_back(b == std::string_view::npos ? std::string_view{} : field.substr(b));
-        if (comma == std::string_view::npos) break;
-        start = comma + 1;
-    }
+    std::vector<std::string> f = SplitFields(line);
     if (f.size() < 7 || f.size() > 8) return std::nullopt;
     f.resize(8);
     return BirthRecord{f[0], f[1], f[2], f[3], f[4], f[5], f[6], f[7]};
@@ -166,16 +147,20 @@ std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFiel
     in.txtYear = std::to_string(d->year);
 
     // Time and half of day.
-    auto t = StrictNumber(rec.RecTime);
+    auto t = NumberText(rec.RecTime);
     if (!t) return RecordFormatError();
     double th = std::floor(*t);
-    in.txtBirthHour = NumText(th);
+    // Setting the hour field runs its check, as typing does: hour 0 becomes
+    // 12 and an hour above 12 is brought back to the 12-hour clock. The half
+    // of the day is then taken from the record.
+    bool checkChosePM = false;
+    in.txtBirthHour = SettleBirthHour(NumText(th), checkChosePM);
     in.txtBirthMinute = FormatNumber((*t - th) * 100, "#0");
     in.optAM = Upper(Trim(rec.RecAmPm)) == "A";
 
     // Longitude and time zone.
-    auto lon = StrictNumber(rec.RecLong);
-    auto tz = StrictNumber(rec.RecTZ);
+    auto lon = NumberText(rec.RecLong);
+    auto tz = NumberText(rec.RecTZ);
     if (!lon || !tz) return RecordFormatError();
     double al = std::fabs(*lon);
     in.txtLongDeg = NumText(std::floor(al));
@@ -184,7 +169,7 @@ std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFiel
     in.txtLongMin = FormatNumber((al - std::floor(al)) * 100, "#0");
 
     // Latitude.
-    auto lat = StrictNumber(rec.RecLat);
+    auto lat = NumberText(rec.RecLat);
     if (!lat) return RecordFormatError();
     double aa = std::fabs(*lat);
     in.txtLatDeg = NumText(std::floor(aa));

@@ -106,6 +106,22 @@ TEST(CliInput, BadRecordsGiveTheCheckMessages) {
     EXPECT_EQ(usage.status, 64);
 }
 
+TEST(CliInput, RecordHourGoesThroughTheBirthHourCheck) {
+    // Hour 0 is written 12; an hour above 12 comes back to the 12-hour clock
+    // and the record's half of the day, read after it, still decides A.M./P.M.
+    kal::test::ScratchAppDir dir;
+    auto zero =
+        RunShell(Cli(dir.path(), "natal --record " +
+                                     ShellQuote("Hour zero,01 Jan 2000,0.30,A,0,010.00,10.00,")));
+    EXPECT_EQ(zero.status, 0);
+    EXPECT_NE(zero.out.find("TZ = 0.0      12.30 A.M.   10w00    10n00"), std::string::npos);
+    auto late =
+        RunShell(Cli(dir.path(), "natal --record " +
+                                     ShellQuote("Hour late,01 Jan 2000,14.30,A,0,010.00,10.00,")));
+    EXPECT_EQ(late.status, 0);
+    EXPECT_NE(late.out.find("TZ = 0.0      2.30 A.M."), std::string::npos);
+}
+
 TEST(CliInput, MissingOrbFileRefusesAspects) {
     kal::test::ScratchAppDir dir;
     std::filesystem::remove(dir.path() / "NATAL.ORB");

@@ -265,7 +265,13 @@ def transfer(record):
     day, mon, year = parse_date(fields[1])
     inp['month'], inp['day'], inp['year'] = str(mon), str(day), str(year)
     t = val(fields[2])
-    inp['hour'] = str(int(t))
+    # Writing the hour field runs the input window's birth-hour check, as
+    # every change of that field does: 0 becomes 12, and an hour above 12 is
+    # lowered by 12 (the half of the day is then set from the record).
+    hour = int(t)
+    while hour == 0 or hour > 12:
+        hour = 12 if hour == 0 else hour - 12
+    inp['hour'] = str(hour)
     inp['minute'] = fmt((t - int(t)) * 100, '#0')
     inp['am'] = fields[3].upper() == 'A'
     inp['tz'] = fields[4]

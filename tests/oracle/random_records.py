@@ -69,7 +69,7 @@ BREAKS = [
     (4, '-3'),        # West longitude with a zone below -2 (with field 5 West)
     (4, '12.5'),      # zone above 12
     (4, '-13.5'),     # zone below -13
-    (2, '13.00'),     # hour above 12
+    (1, '01 Jan 2100'),  # year above 2099
     (2, '10.60'),     # minute above 59
     (5, '181.00'),    # longitude degrees above 180
     (5, '075.60'),    # longitude minutes above 59
