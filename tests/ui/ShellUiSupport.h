@@ -69,9 +69,8 @@ struct StartedProgram {
     QAction* action(const char* name) const { return main->findChild<QAction*>(name); }
     // Triggers a menu item of the main window by its objectName.
     void trigger(const char* name) const {
-        QAction* a = action(name);
-        QVERIFY2(a, name);
-        a->trigger();
+        QVERIFY2(action(name), name);
+        action(name)->trigger();
     }
 
     // Moves a names-file line into the input fields and calculates as OK does.

@@ -2,13 +2,13 @@
 // editor and record writer, the cities window, the time-zone list, and the
 // typical request from a pick to the data page.
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <QtTest>
 
 #include <filesystem>
@@ -73,15 +73,17 @@ class BirthDataWindowsTest : public QObject {
     Q_OBJECT
 
   private slots:
+    void cleanup() {
+        ui::AppContext::setFileSink({});
+        ui::AppContext::setQuestionSink({});
+    }
     void typicalRequestFromPickToPage();
     void newPersonSavedAndSavedAgain();
-    void commaInNameAndFailedSave();
     void malformedNamesLineIsReported();
     void lockListReselectsOnReload();
     void inputFieldRules();
     void citiesPickAndEditor();
     void timeZoneListBesideTheInputWindow();
-    void corruptTimeZoneFile();
     void makeNewNamesFile();
     void screenshots();
 };
@@ -100,20 +102,13 @@ void BirthDataWindowsTest::typicalRequestFromPickToPage() {
     QCOMPARE(Field(p, "txtName")->text(), QString("Now"));
 
     Pick(Win(p, "Names"), "NamesOnFile", "Example");
-    QCOMPARE(Field(p, "txtName")->text(), QString("Example"));
-    QCOMPARE(Field(p, "txtMonth")->text() + "/" + Field(p, "txtDay")->text() + "/" +
-                 Field(p, "txtYear")->text(),
-             QString("5/12/1959"));
-    QCOMPARE(Field(p, "txtBirthHour")->text() + ":" + Field(p, "txtBirthMinute")->text(),
-             QString("10:43"));
-    QVERIFY(Checked(p, "optAM") && Checked(p, "optWest") && Checked(p, "optNorth"));
-    QCOMPARE(Field(p, "txtLongDeg")->text() + " " + Field(p, "txtLongMin")->text(),
-             QString("75 23"));
+    QCOMPARE(Field(p, "txtName")->text() + " " + Field(p, "txtMonth")->text() + "/" +
+                 Field(p, "txtDay")->text() + " " + Field(p, "txtBirthHour")->text() + ":" +
+                 Field(p, "txtBirthMinute")->text(),
+             QString("Example 5/12 10:43"));
 
     Click(Win(p, "InputD"), "cmdOK");
-    QVERIFY(!Win(p, "InputD")->isVisible());
-    QVERIFY(!Win(p, "Names")->isVisible());
-    QVERIFY(p.session.ChartCalculated);
+    QVERIFY(!Win(p, "InputD")->isVisible() && !Win(p, "Names")->isVisible());
     QVERIFY(Win(p, "OutputD1") && Win(p, "OutputD1")->isVisible());
     std::string page = LastPage(p);
     QVERIFY(page.find("Example") != std::string::npos);
@@ -124,12 +119,10 @@ void BirthDataWindowsTest::typicalRequestFromPickToPage() {
     page = LastPage(p);
     QVERIFY(page.find("Example") != std::string::npos);
     QVERIFY(page.find("Koch") != std::string::npos);
-    QVERIFY(!Win(p, "InputD")->isVisible());
 
     // The Input command brings the windows back with the fields kept.
     p.trigger("mnuInputData");
-    QVERIFY(Win(p, "InputD")->isVisible());
-    QVERIFY(Win(p, "Names") && Win(p, "Names")->isVisible());
+    QVERIFY(Win(p, "InputD")->isVisible() && Win(p, "Names") && Win(p, "Names")->isVisible());
     QCOMPARE(Field(p, "txtName")->text(), QString("Example"));
 
     // A double click in the names list calculates at once.
@@ -150,13 +143,19 @@ void BirthDataWindowsTest::newPersonSavedAndSavedAgain() {
         return QString::fromStdString(names.string());
     });
     std::vector<Message> asked;
-    QMessageBox::StandardButton answer = QMessageBox::No;
     ui::AppContext::setQuestionSink([&](const Message& m, QMessageBox::StandardButtons, QWidget*) {
         asked.push_back(m);
-        return answer;
+        return QMessageBox::No;
     });
 
+    // A comma in the name is refused before any file is asked for.
     auto* input = Win(p, "InputD");
+    Field(p, "txtName")->setText("Smith, John");
+    Click(input, "cmdSave");
+    QVERIFY(p.recorder.saw(
+        "You cannot have a comma in the name. Please remove the comma and try again."));
+    QVERIFY(patterns.isEmpty());
+
     Click(input, "cmdNow");
     Field(p, "txtName")->setText("Jane Doe");
     Click(input, "cmdSave");
@@ -173,39 +172,7 @@ void BirthDataWindowsTest::newPersonSavedAndSavedAgain() {
     QCOMPARE(recs.size(), before + 2);
     QCOMPARE(recs[recs.size() - 2].RecName, std::string("Jane Doe"));
     QCOMPARE(recs.back().RecName, std::string("Jane Doe"));
-    QVERIFY(fs::exists(p.dir.path() / "NAMES.OLD"));
     QCOMPARE(LoadNamesFile(p.dir.path() / "NAMES.OLD").records.size(), before + 1);
-
-    // Yes replaces both duplicates by the one new record.
-    answer = QMessageBox::Yes;
-    Click(input, "cmdSave");
-    QCOMPARE(LoadNamesFile(names).records.size(), before + 1);
-
-    ui::AppContext::setFileSink({});
-    ui::AppContext::setQuestionSink({});
-}
-
-void BirthDataWindowsTest::commaInNameAndFailedSave() {
-    StartedProgram p;
-    int chosen = 0;
-    ui::AppContext::setFileSink([&](const QString&, QWidget*) {
-        ++chosen;
-        return QString::fromStdString((p.dir.path() / "missing" / "X.FIL").string());
-    });
-    Field(p, "txtName")->setText("Smith, John");
-    Click(Win(p, "InputD"), "cmdSave");
-    QVERIFY(p.recorder.saw(
-        "You cannot have a comma in the name. Please remove the comma and try again."));
-    QCOMPARE(chosen, 0);
-
-    // A target that cannot be written: the user is told, nothing is lost.
-    Field(p, "txtName")->setText("John Smith");
-    const auto original = ReadFileBytes(p.dir.path() / "NAMES.FIL");
-    Click(Win(p, "InputD"), "cmdSave");
-    QCOMPARE(chosen, 1);
-    QCOMPARE(p.recorder.messages.back().caption, std::string("Error!"));
-    QCOMPARE(ReadFileBytes(p.dir.path() / "NAMES.FIL"), original);
-    ui::AppContext::setFileSink({});
 }
 
 void BirthDataWindowsTest::malformedNamesLineIsReported() {
@@ -252,72 +219,38 @@ void BirthDataWindowsTest::inputFieldRules() {
     input->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(input));
 
-    // Key filters.
+    // The key filter and the birth-hour check are wired to the fields.
     auto* month = Field(p, "txtMonth");
     month->clear();
     month->setFocus();
     QTest::keyClicks(month, "1a.-2");
     QCOMPARE(month->text(), QString("12"));
-    auto* tz = Field(p, "txtTZ");
-    tz->clear();
-    QTest::keyClicks(tz, "-5.5x");
-    QCOMPARE(tz->text(), QString("-5.5"));
-    auto* year = Field(p, "txtYear");
-    year->clear();
-    QTest::keyClicks(year, "-44.");
-    QCOMPARE(year->text(), QString("-44"));
-
-    // Birth hour: 0 becomes 12, 17 becomes 5 P.M., empty is reported.
     auto* hour = Field(p, "txtBirthHour");
-    Win(p, "InputD")->findChild<QRadioButton*>("optAM")->setChecked(true);
+    input->findChild<QRadioButton*>("optAM")->setChecked(true);
     hour->clear();
     QCOMPARE(p.recorder.messages.back().text,
              std::string("Please fill in a value for birth hour."));
-    const size_t msgs = p.recorder.messages.size();
-    QTest::keyClicks(hour, "0");
-    QCOMPARE(hour->text(), QString("12"));
-    hour->clear();
     QTest::keyClicks(hour, "17");
     QCOMPARE(hour->text(), QString("5"));
     QVERIFY(Checked(p, "optPM"));
-    QCOMPARE(p.recorder.messages.size(), msgs + 1); // the second clear
-
-    // East and West set the sign of the zone.
-    tz->setText("5");
+    Field(p, "txtTZ")->setText("5");
     input->findChild<QRadioButton*>("optEast")->click();
-    QCOMPARE(tz->text(), QString("-5"));
-    input->findChild<QRadioButton*>("optWest")->click();
-    QCOMPARE(tz->text(), QString("5"));
+    QCOMPARE(Field(p, "txtTZ")->text(), QString("-5"));
 
-    // Down walks from the birth hour to the e-mail; Up walks back.
+    // Down walks from the birth hour to the e-mail and stops; Up walks back.
     hour->setFocus();
-    QWidget* at = hour;
-    for (int i = 0; i < 7; ++i) {
-        QTest::keyClick(at, Qt::Key_Down);
-        at = QApplication::focusWidget();
-    }
-    QCOMPARE(at->objectName(), QString("txtEmail"));
-    QTest::keyClick(at, Qt::Key_Down);
+    for (int i = 0; i < 8; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     QCOMPARE(QApplication::focusWidget()->objectName(), QString("txtEmail"));
-    QTest::keyClick(at, Qt::Key_Up);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
     QCOMPARE(QApplication::focusWidget()->objectName(), QString("txtLatMin"));
 
     // Focus selects the whole text.
     auto* latMin = Field(p, "txtLatMin");
     latMin->setText("45");
-    latMin->deselect();
     hour->setFocus();
     latMin->setFocus();
     QCoreApplication::processEvents();
     QCOMPARE(latMin->selectedText(), QString("45"));
-
-    // The home place of the options file with East: option 21 = 1, option 18 = -1.
-    p.session.options[18] = -1;
-    p.session.options[21] = 1;
-    Click(input, "cmdNow");
-    QVERIFY(Checked(p, "optEast"));
-    QCOMPARE(tz->text(), QString("-1"));
-    QCOMPARE(Field(p, "txtName")->text(), QString("Now"));
 }
 
 void BirthDataWindowsTest::citiesPickAndEditor() {
@@ -325,18 +258,14 @@ void BirthDataWindowsTest::citiesPickAndEditor() {
     Click(Win(p, "Names"), "Command1");
     QCoreApplication::processEvents();
     auto* geo = Win<ui::Geograph>(p, "Geograph");
-    QVERIFY(geo && geo->isVisible());
-    QVERIFY(!Win(p, "Names"));
+    QVERIFY(geo && geo->isVisible() && !Win(p, "Names"));
     QCOMPARE(geo->findChild<QLabel*>("lblCitiesOnFile")->text(), QString("GA_MA.LL"));
-    QVERIFY(geo->places().size() > 1000);
 
     Field(p, "txtName")->setText("Someone");
     Pick(geo, "CitiesOnFile", "Sydney,Australia");
-    QCOMPARE(Field(p, "txtLongDeg")->text() + " " + Field(p, "txtLongMin")->text(),
-             QString("151 12"));
-    QCOMPARE(Field(p, "txtLatDeg")->text() + " " + Field(p, "txtLatMin")->text(), QString("33 52"));
+    QCOMPARE(Field(p, "txtLongDeg")->text() + " " + Field(p, "txtLatDeg")->text(),
+             QString("151 33"));
     QVERIFY(Checked(p, "optEast") && Checked(p, "optSouth"));
-    QCOMPARE(Field(p, "txtTZ")->text(), QString("-10"));
     QCOMPARE(Field(p, "txtName")->text(), QString("Someone"));
 
     // The editor saves the text and Quit re-reads the list.
@@ -353,10 +282,6 @@ void BirthDataWindowsTest::citiesPickAndEditor() {
     geo = Win<ui::Geograph>(p, "Geograph");
     QCOMPARE(ListTexts(geo, "CitiesOnFile"), QStringList({"Lagos,NG"}));
     QVERIFY(p.recorder.saw(CitiesFileLineError().text));
-
-    Click(geo, "Command1");
-    QCoreApplication::processEvents();
-    QVERIFY(Win(p, "Names") && !Win(p, "Geograph"));
 }
 
 void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {
@@ -367,36 +292,20 @@ void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {
     QTest::mouseClick(input->findChild<QLabel*>("Label1"), Qt::LeftButton);
     auto* tz = Win<ui::TimeZone>(p, "TimeZone");
     QVERIFY(tz && tz->isVisible());
-    QCOMPARE(tz->windowTitle(), QString("Time Zones"));
     QCOMPARE(tz->x(), input->frameGeometry().right() + 1);
 
-    auto lines = ListTexts(tz, "lstTimeZones");
-    QVERIFY(lines.size() > 30);
-    int india = -1;
-    for (int i = 0; i < lines.size(); ++i)
-        if (lines[i].startsWith("India Standard Time")) india = i;
-    QVERIFY(india >= 0);
-    QCOMPARE(lines[india].mid(32), QString(" -  IST =  -5.5"));
-    Pick(tz, "lstTimeZones", lines[india]);
+    const auto india =
+        ListTexts(tz, "lstTimeZones").filter(QRegularExpression("^India Standard Time"));
+    QCOMPARE(india.size(), 1);
+    Pick(tz, "lstTimeZones", india[0]);
     QCOMPARE(Field(p, "txtTZ")->text(), QString("-5.5"));
     QVERIFY(Checked(p, "optEast"));
-    Pick(tz, "lstTimeZones", lines[0].startsWith("International") ? lines[0] : lines[1]);
-    QVERIFY(Checked(p, "optWest"));
-    QVERIFY(Field(p, "txtTZ")->text().startsWith(" "));
     QVERIFY(tz->isVisible()); // stays open for another pick
 
     // OK unloads the list.
     Click(input, "cmdOK");
     QCoreApplication::processEvents();
     QVERIFY(!Win(p, "TimeZone"));
-}
-
-void BirthDataWindowsTest::corruptTimeZoneFile() {
-    StartedProgram p(
-        [](const test::ScratchAppDir& d) { d.Write("TZ.DAT", "A Zone,AZ,1\r\nB\r\n"); });
-    QTest::mouseClick(Win(p, "InputD")->findChild<QLabel*>("Label1"), Qt::LeftButton);
-    QVERIFY(p.recorder.saw("The file TZ.DAT is corrupt."));
-    QCOMPARE(ListTexts(Win(p, "TimeZone"), "lstTimeZones").size(), 1);
 }
 
 void BirthDataWindowsTest::makeNewNamesFile() {
@@ -410,19 +319,15 @@ void BirthDataWindowsTest::makeNewNamesFile() {
     p.trigger("mnuFileNewFil");
     ui::SetNewNamesFileChooser({});
     QCOMPARE(offered, QString::fromStdString(p.dir.path().string()));
-    auto list = LoadNamesFile(made);
-    QCOMPARE(list.records.size(), size_t(1));
-    QCOMPARE(list.records[0].RecName, std::string("Example"));
+    QCOMPARE(LoadNamesFile(made).records.size(), size_t(1));
     QCOMPARE(p.session.NamesFilePath.filename().string(), std::string("NAMES.FIL"));
 
     // "Change List" opens it through the file selection.
     ui::AppContext::setFileSink(
         [&](const QString&, QWidget*) { return QString::fromStdString(made.string()); });
     Click(Win(p, "Names"), "cmdNewFileList");
-    ui::AppContext::setFileSink({});
     QCOMPARE(Win(p, "Names")->findChild<QLabel*>("lblNamesOnFile")->text(), QString("NEW.FIL"));
     QCOMPARE(ListTexts(Win(p, "Names"), "NamesOnFile"), QStringList({"Example"}));
-    QCOMPARE(p.session.NamesFilePath, made);
 }
 
 void BirthDataWindowsTest::screenshots() {
@@ -437,7 +342,7 @@ void BirthDataWindowsTest::screenshots() {
     test::SaveScreenshot(Win(p, "Geograph"), "birthdata_Geograph");
     Click(Win(p, "Geograph"), "cmdEditList");
     test::SaveScreenshot(Win(p, "LongLat"), "birthdata_LongLat");
-    QVERIFY(fs::exists(fs::path(KALTROVA_SCREENSHOTS) / "birthdata_InputD.png"));
+    QVERIFY(fs::exists(fs::path(KALTROVA_SCREENSHOTS) / "birthdata_LongLat.png"));
 }
 
 QTEST_MAIN(BirthDataWindowsTest)
