@@ -12,7 +12,7 @@ if [ -x "$app/kaltrova" ] && { [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:
 fi
 first=$(grep -m1 -v '^[[:space:]]*$' "$app/NAMES.FIL" | tr -d '\r')
 echo "No display: the listings of the first record of NAMES.FIL ($first)."
-for cmd in natal aspects; do
+for cmd in page; do
   "$app/kaltrova-cli" "$cmd" --record "$first"
 done
 echo
