@@ -261,6 +261,15 @@ void BirthDataWindowsTest::citiesPickAndEditor() {
     QVERIFY(geo && geo->isVisible() && !Win(p, "Names"));
     QCOMPARE(geo->findChild<QLabel*>("lblCitiesOnFile")->text(), QString("GA_MA.LL"));
 
+    // Taking the focus is no pick: the home place stays in the input window.
+    const QString homeLong = Field(p, "txtLongDeg")->text();
+    auto* cities = geo->findChild<QListWidget*>("CitiesOnFile");
+    QApplication::setActiveWindow(geo);
+    cities->setFocus();
+    QCoreApplication::processEvents();
+    QVERIFY(cities->hasFocus() && cities->currentRow() == 0);
+    QCOMPARE(Field(p, "txtLongDeg")->text(), homeLong);
+
     Field(p, "txtName")->setText("Someone");
     Pick(geo, "CitiesOnFile", "Sydney,Australia");
     QCOMPARE(Field(p, "txtLongDeg")->text() + " " + Field(p, "txtLatDeg")->text(),

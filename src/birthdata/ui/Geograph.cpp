@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "birthdata/ui/InputD.h"
+#include "birthdata/ui/ListPicks.h"
 #include "birthdata/ui/Paths.h"
 #include "shell/ui/AppContext.h"
 
@@ -23,9 +24,8 @@ Geograph::Geograph(AppContext& ctx, QWidget* parent)
     auto* change = ui->cmdNewFileList;
 
     connect(CitiesOnFile_, &QListWidget::itemClicked, this, &Geograph::CitiesOnFile_Click);
-    connect(CitiesOnFile_, &QListWidget::currentRowChanged, this, [this] {
-        if (!loading_ && CitiesOnFile_->hasFocus()) CitiesOnFile_Click();
-    });
+    PickOnKeyMoves(
+        CitiesOnFile_, [this] { return loading_; }, [this] { CitiesOnFile_Click(); });
     connect(names, &QPushButton::clicked, this, &Geograph::Command1_Click);
     connect(edit, &QPushButton::clicked, this, &Geograph::cmdEditList_Click);
     connect(change, &QPushButton::clicked, this, &Geograph::cmdNewFileList_Click);

@@ -13,6 +13,7 @@
 #include "birthdata/NamesFile.h"
 #include "birthdata/ui/BirthDataState.h"
 #include "birthdata/ui/InputD.h"
+#include "birthdata/ui/ListPicks.h"
 #include "birthdata/ui/Paths.h"
 #include "shell/ui/AppContext.h"
 
@@ -29,13 +30,8 @@ Names::Names(AppContext& ctx, QWidget* parent)
     auto* change = ui->cmdNewFileList;
 
     connect(NamesOnFile_, &QListWidget::itemClicked, this, &Names::NamesOnFile_Click);
-    connect(NamesOnFile_, &QListWidget::currentItemChanged, this,
-            [this](QListWidgetItem*, QListWidgetItem* previous) {
-                // Moving through the list with the keys picks as a click does.
-                // The first current item, which the list sets by itself when it
-                // gets the focus, is no pick: the input window keeps its fields.
-                if (!loading_ && previous && NamesOnFile_->hasFocus()) NamesOnFile_Click();
-            });
+    PickOnKeyMoves(
+        NamesOnFile_, [this] { return loading_; }, [this] { NamesOnFile_Click(); });
     connect(NamesOnFile_, &QListWidget::itemDoubleClicked, this, &Names::NamesOnFile_DblClick);
     connect(Check1_, &QCheckBox::clicked, this, &Names::Check1_Click);
     connect(cities, &QPushButton::clicked, this, &Names::Command1_Click);
