@@ -3,6 +3,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <type_traits>
 
 #include "shell/Session.h"
 #include "shell/TextFile.h"
@@ -27,45 +28,45 @@ struct Key {
     std::function<void(const std::string&, Settings&, std::string&, std::string&)> apply;
 };
 
-using Num = std::function<void(double, Settings&)>;
+// Checks applied to a number before it is taken.
+bool AnyNumber(double) {
+    return true;
+}
+bool Positive(double v) {
+    return v > 0;
+}
+bool ReadableFontSize(double v) {
+    return v >= 7.75;
+}
 
-Key Number(const char* name, Num set) {
-    return {name, [set](const std::string& v, Settings& s, std::string&, std::string&) {
-                set(Val(v), s);
+// A number key stored in `field`: doubles as read, 16-bit fields rounded;
+// a value that fails `accept` leaves the field as it was.
+template <class T>
+Key Number(const char* name, T Settings::*field, bool (*accept)(double) = AnyNumber) {
+    return {name,
+            [field, accept](const std::string& text, Settings& s, std::string&, std::string&) {
+                double v = Val(text);
+                if (!accept(v)) return;
+                if constexpr (std::is_same_v<T, short>)
+                    s.*field = ToShort(v);
+                else
+                    s.*field = v;
             }};
 }
 
 const std::vector<Key>& Keys() {
     static const std::vector<Key> keys = {
-        Number("FontSize",
-               [](double v, Settings& s) {
-                   if (v >= 7.75) s.ListFontSize = v;
-               }),
-        Number("FontBold", [](double v, Settings& s) { s.ListFontBold = v; }),
-        Number("FontItalic", [](double v, Settings& s) { s.ListFontItalic = v; }),
-        Number("KaltrovaTop", [](double v, Settings& s) { s.KaltrovaTop = v; }),
-        Number("KaltrovaLeft", [](double v, Settings& s) { s.KaltrovaLeft = v; }),
-        Number("KaltrovaHeight",
-               [](double v, Settings& s) {
-                   if (v > 0) s.KaltrovaHeight = v;
-               }),
-        Number("KaltrovaWidth",
-               [](double v, Settings& s) {
-                   if (v > 0) s.KaltrovaWidth = v;
-               }),
-        Number("DataTop",
-               [](double v, Settings& s) {
-                   if (v > 0) s.DataTop = ToShort(v);
-               }),
-        Number("DataLeft", [](double v, Settings& s) { s.DataLeft = ToShort(v); }),
-        Number("DataHeight",
-               [](double v, Settings& s) {
-                   if (v > 0) s.DataHeight = ToShort(v);
-               }),
-        Number("DataWidth",
-               [](double v, Settings& s) {
-                   if (v > 0) s.DataWidth = ToShort(v);
-               }),
+        Number("FontSize", &Settings::ListFontSize, ReadableFontSize),
+        Number("FontBold", &Settings::ListFontBold),
+        Number("FontItalic", &Settings::ListFontItalic),
+        Number("KaltrovaTop", &Settings::KaltrovaTop),
+        Number("KaltrovaLeft", &Settings::KaltrovaLeft),
+        Number("KaltrovaHeight", &Settings::KaltrovaHeight, Positive),
+        Number("KaltrovaWidth", &Settings::KaltrovaWidth, Positive),
+        Number("DataTop", &Settings::DataTop, Positive),
+        Number("DataLeft", &Settings::DataLeft),
+        Number("DataHeight", &Settings::DataHeight, Positive),
+        Number("DataWidth", &Settings::DataWidth, Positive),
         {"DataFile",
          [](const std::string& v, Settings&, std::string& data, std::string&) {
              if (!v.empty()) data = v;
@@ -74,18 +75,12 @@ const std::vector<Key>& Keys() {
          [](const std::string& v, Settings&, std::string&, std::string& geo) {
              if (!v.empty()) geo = v;
          }},
-        Number("StartScale", [](double v, Settings& s) { s.StartScale = ToShort(v); }),
-        Number("TypeChart", [](double v, Settings& s) { s.TypeChart = ToShort(v); }),
-        Number("wheelsTop", [](double v, Settings& s) { s.WheelsTop = ToShort(v); }),
-        Number("wheelsLeft", [](double v, Settings& s) { s.WheelsLeft = ToShort(v); }),
-        Number("wheelsHeight",
-               [](double v, Settings& s) {
-                   if (v > 0) s.WheelsHeight = ToShort(v);
-               }),
-        Number("wheelsWidth",
-               [](double v, Settings& s) {
-                   if (v > 0) s.WheelsWidth = ToShort(v);
-               }),
+        Number("StartScale", &Settings::StartScale),
+        Number("TypeChart", &Settings::TypeChart),
+        Number("wheelsTop", &Settings::WheelsTop),
+        Number("wheelsLeft", &Settings::WheelsLeft),
+        Number("wheelsHeight", &Settings::WheelsHeight, Positive),
+        Number("wheelsWidth", &Settings::WheelsWidth, Positive),
     };
     return keys;
 }
