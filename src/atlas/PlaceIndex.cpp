@@ -147,18 +147,8 @@ std::string PlaceIndex::load(std::string bytes) {
     placeCount_ = places_.count;
     std::string problem = validate();
     if (!problem.empty()) return problem;
-    for (std::uint32_t c = 0; c < 128; ++c) {
-        // Fold-table lookups of ASCII run at every keystroke: keep them at hand.
-        std::size_t lo = 0, hi = fold_.count;
-        while (lo < hi) {
-            std::size_t mid = (lo + hi) / 2;
-            if (u32(fold_, mid, 0) < c)
-                lo = mid + 1;
-            else
-                hi = mid;
-        }
-        if (lo < fold_.count && u32(fold_, lo, 0) == c) asciiFold_[c] = u32(fold_, lo, 4) + 1;
-    }
+    // Fold-table lookups of ASCII run at every keystroke: keep them at hand.
+    for (std::uint32_t c = 0; c < 128; ++c) asciiFold_[c] = findFold(c);
     return {};
 }
 
@@ -307,8 +297,7 @@ std::string_view PlaceIndex::about(std::string_view key) const {
     return {};
 }
 
-std::string_view PlaceIndex::foldOf(std::uint32_t cp) const {
-    if (cp < 128) return asciiFold_[cp] ? text(asciiFold_[cp] - 1) : std::string_view(" ");
+std::uint32_t PlaceIndex::findFold(std::uint32_t cp) const {
     std::size_t lo = 0, hi = fold_.count;
     while (lo < hi) {
         std::size_t mid = (lo + hi) / 2;
@@ -317,8 +306,12 @@ std::string_view PlaceIndex::foldOf(std::uint32_t cp) const {
         else
             hi = mid;
     }
-    if (lo < fold_.count && u32(fold_, lo, 0) == cp) return text(u32(fold_, lo, 4));
-    return " ";
+    return lo < fold_.count && u32(fold_, lo, 0) == cp ? u32(fold_, lo, 4) + 1 : 0;
+}
+
+std::string_view PlaceIndex::foldOf(std::uint32_t cp) const {
+    std::uint32_t entry = cp < 128 ? asciiFold_[cp] : findFold(cp);
+    return entry ? text(entry - 1) : std::string_view(" ");
 }
 
 std::string PlaceIndex::fold(std::string_view s) const {

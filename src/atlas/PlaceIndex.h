@@ -92,7 +92,8 @@ class PlaceIndex {
     std::uint32_t u32(const Section& s, std::size_t record, std::size_t field) const;
     std::uint16_t u16(const Section& s, std::size_t record, std::size_t field) const;
     std::string_view text(std::uint32_t offset) const;
-    std::string_view foldOf(std::uint32_t codePoint) const;
+    std::uint32_t findFold(std::uint32_t codePoint) const;  // text offset + 1, 0 none
+    std::string_view foldOf(std::uint32_t codePoint) const; // " " for none
     std::string_view countryCode(std::size_t c) const;
     const char* key(std::size_t k) const; // runs to a zero byte
     bool keyIsWord(std::size_t k) const;  // a later word of a name
