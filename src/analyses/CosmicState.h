@@ -7,26 +7,14 @@
 #include <array>
 #include <string>
 
+#include "base/Options.h"
+#include "base/OutputBuffer.h"
 #include "chart/Chart.h"
-#include "shell/Options.h"
-#include "shell/OutputBuffer.h"
 
 namespace kal {
 
-// Rulers by the traditional tables, as body numbers; 0 where a sign has no
-// exaltation ruler.
-int DomicileRuler(int sign);
-int ExaltationRuler(int sign);
-int TriplicityRuler(int sign, bool dayChart);
-int TermRuler(double longitude);
-int FaceRuler(double longitude);
-
 // "stat", "FAST", "SLOW" or "AVG." for a traditional planet's daily motion.
 std::string SpeedClass(int body, double speed);
-
-// Longitude ranges of detriment and fall of a traditional planet.
-bool InDetriment(int body, double longitude);
-bool InFall(int body, double longitude);
 
 struct CosmicStateScores {
     std::array<double, 16> Strength{};   // by body number

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "birthdata/Record.h"
-#include "shell/VbText.h"
+#include "base/Dates.h"
+#include "base/VbText.h"
 
 namespace kal {
 
@@ -71,13 +71,12 @@ void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out) {
 
 void ListCusps(const Chart& c, OutputBuffer& out) {
     out.AppendBlankLine();
-    out.Append("  HOUSE CUSPS - " +
-               HouseSystemName(c.HouseSystem.empty() ? 'P' : c.HouseSystem[0]));
+    out.Append("  HOUSE CUSPS - " + HouseSystemName(c.HouseSystem));
     std::string line;
     for (int k = 1; k <= 12; ++k) {
         line += (k % 3 == 1) ? "  " : " ";
         line += std::string(HouseLabel(k)) +
-                " house = " + CuspText(c.CuspTable[static_cast<size_t>(k)]);
+                " house = " + CuspText(c.NatalCusp[static_cast<size_t>(k)]);
         if (k % 3 == 0) {
             out.Append(line);
             line.clear();
@@ -86,8 +85,8 @@ void ListCusps(const Chart& c, OutputBuffer& out) {
 }
 
 std::string BodyLine(const Chart& c, int j) {
-    return "  " + BodyText(c.PlanetLong[static_cast<size_t>(j)]) + "   " +
-           std::string(PlanetNamesField(j)) + c.RetroFlags.at(static_cast<size_t>(j - 1)) +
+    return "  " + BodyText(c.NatalLong[static_cast<size_t>(j)]) + "   " +
+           std::string(PlanetNamesField(j)) + c.NatalRetro.at(static_cast<size_t>(j - 1)) +
            "    (" + c.PlanetHouse.substr(static_cast<size_t>(10 * j - 10), 10) + ")    ";
 }
 
@@ -99,10 +98,7 @@ void ListBodies(const Chart& c, OutputBuffer& out) {
     for (int j = NNode; j <= NumBodies; ++j) out.Append(BodyLine(c, j));
 }
 
-void NatalData(Chart& c, OutputBuffer& out) {
-    c.PlanetLong = c.NatalLong;
-    c.CuspTable = c.NatalCusp;
-    c.RetroFlags = c.NatalRetro;
+void NatalData(const Chart& c, OutputBuffer& out) {
     ListCusps(c, out);
     ListBodies(c, out);
 }
@@ -116,7 +112,7 @@ void BuildHeaderLines(const Chart& c, int dateOrder, HeaderTable& lines, HeaderT
     lines[4] = FmtCoord(c.ChartLong, c.ChartEW);
     lines[5] = FmtCoord(c.ChartLat, c.ChartNS);
     lines[6] = c.NatalSidereal;
-    lines[7] = HouseSystemName(c.HouseSystem.empty() ? 'P' : c.HouseSystem[0]);
+    lines[7] = HouseSystemName(c.HouseSystem);
     lines2 = {};
 }
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <string>
 
+#include "base/OutputBuffer.h"
 #include "chart/Chart.h"
-#include "shell/OutputBuffer.h"
 
 namespace kal {
 
@@ -30,9 +30,8 @@ std::string ChartDateText(const Chart& c, int dateOrder);
 
 // The three header lines every listing page starts with.
 void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out);
-// Restores the working chart from its natal copies and appends the cusp
-// block and the body block.
-void NatalData(Chart& c, OutputBuffer& out);
+// The cusp block and the body block of the natal copy.
+void NatalData(const Chart& c, OutputBuffer& out);
 void ListCusps(const Chart& c, OutputBuffer& out);
 void ListBodies(const Chart& c, OutputBuffer& out);
 std::string BodyLine(const Chart& c, int body);

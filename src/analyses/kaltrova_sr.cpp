@@ -6,16 +6,9 @@
 #include <array>
 #include <utility>
 
+#include "chart/Dignities.h"
+
 namespace kal {
-
-namespace {
-constexpr std::array<int, 13> kSignRuler = {0,     Mars,  Venus,   Mercury, Moon,   Sun,    Mercury,
-                                            Venus, Pluto, Jupiter, Saturn,  Uranus, Neptune};
-} // namespace
-
-int SignRuler(int sign) {
-    return kSignRuler.at(static_cast<size_t>(sign));
-}
 
 bool IndicatesSeveralCareers(int sign) {
     return sign == 3 || sign == 9 || sign == 12;
@@ -51,7 +44,7 @@ bool AtAriesPoint(double L) {
 std::string DispositorSentence(const Chart& c, int body) {
     const int s = SignOf(c.NatalLong[static_cast<size_t>(body)]);
     return PlanetName[static_cast<size_t>(body)] + " is disposited by " +
-           PlanetName[static_cast<size_t>(SignRuler(s))] + ".";
+           PlanetName[static_cast<size_t>(ModernRuler(s))] + ".";
 }
 
 void CareerRules::ReloadOrbs() {
@@ -67,7 +60,7 @@ void CareerRules::Blank() {
 }
 
 void CareerRules::RulerLines(int sign, const std::string& phrase) {
-    FocusPlanet = static_cast<short>(SignRuler(sign));
+    FocusPlanet = static_cast<short>(ModernRuler(sign));
     Line(SignName[static_cast<size_t>(sign)] + phrase +
          PlanetName[static_cast<size_t>(FocusPlanet)]);
     if (IndicatesSeveralCareers(sign)) Line("(possibly more than 1 kaltrova indicated)");
@@ -112,7 +105,7 @@ void CareerRules::PlanetsConjunctMC() {
 void CareerRules::FinalDispositors() {
     bool any = false;
     for (int k = 1; k <= 10; ++k) {
-        if (SignRuler(SignOf(c_.NatalLong[static_cast<size_t>(k)])) != k) continue;
+        if (ModernRuler(SignOf(c_.NatalLong[static_cast<size_t>(k)])) != k) continue;
         const std::string name = PlanetName[static_cast<size_t>(k)];
         Line((k == Sun || k == Moon ? "The " + name : name) +
              " is in its own sign and is a final dispositor.");
@@ -139,8 +132,8 @@ int CareerRules::CareerAspectCode(int a, int b) {
 void CareerRules::MutualReceptions() {
     bool any = false;
     for (int i = 1; i <= 10; ++i) {
-        const int r = SignRuler(SignOf(c_.NatalLong[static_cast<size_t>(i)]));
-        if (r <= i || SignRuler(SignOf(c_.NatalLong[static_cast<size_t>(r)])) != i) continue;
+        const int r = ModernRuler(SignOf(c_.NatalLong[static_cast<size_t>(i)]));
+        if (r <= i || ModernRuler(SignOf(c_.NatalLong[static_cast<size_t>(r)])) != i) continue;
         const int n = CareerAspectCode(i, r);
         const std::string clause =
             n < 1 ? " - no aspect between them."
@@ -187,9 +180,9 @@ void CareerRules::DispositorLines() {
     for (int k = 1; k <= 10; ++k) Line(DispositorSentence(c_, k));
 }
 
-std::optional<Message> ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,
-                                         OrbTables& orbs, short& focusPlanet, OutputBuffer& out) {
-    if (auto refused = LoadCareerOrbs(appPath, orbs)) return refused;
+Messages ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,
+                           OrbTables& orbs, short& focusPlanet, OutputBuffer& out) {
+    if (auto refused = LoadCareerOrbs(appPath, orbs)) return {*refused};
     CareerRules r(chart, appPath, orbs, focusPlanet, out);
     out.AppendBlankLine();
     r.MCSignAndRuler();
@@ -213,7 +206,7 @@ std::optional<Message> ListCareerFactors(const Chart& chart, const std::filesyst
     r.APMidpoints();
     r.MCMidpoints();
     r.MercuryMidpoints();
-    return std::nullopt;
+    return {};
 }
 
 } // namespace kal

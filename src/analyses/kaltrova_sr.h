@@ -16,16 +16,13 @@
 #include <optional>
 #include <string>
 
+#include "base/Message.h"
+#include "base/OutputBuffer.h"
 #include "chart/Aspects.h"
 #include "chart/Chart.h"
-#include "shell/Message.h"
-#include "shell/OutputBuffer.h"
 
 namespace kal {
 
-// The body number of the ruler of sign 1..12 (modern rulers: Scorpio is
-// Pluto's, Aquarius Uranus', Pisces Neptune's).
-int SignRuler(int sign);
 // Gemini, Sagittarius and Pisces point to more than one career.
 bool IndicatesSeveralCareers(int sign);
 
@@ -108,7 +105,7 @@ class CareerRules {
 // it after the chart header: a blank line, the rules in their fixed order,
 // the ten dispositor lines, a blank line and the three midpoint-pair rules.
 // Refused before anything is written when the career orb file cannot be read.
-std::optional<Message> ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,
-                                         OrbTables& orbs, short& focusPlanet, OutputBuffer& out);
+Messages ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,
+                           OrbTables& orbs, short& focusPlanet, OutputBuffer& out);
 
 } // namespace kal

@@ -6,7 +6,7 @@
 
 #include <array>
 
-#include "shell/VbText.h"
+#include "base/VbText.h"
 
 namespace kal {
 

@@ -3,31 +3,20 @@
 #include <QMessageBox>
 
 #include <cstdlib>
-#include <filesystem>
-#include <system_error>
 
+#include "app/Windows.h"
 #include "shell/Session.h"
 #include "shell/Startup.h"
 #include "shell/ui/AppContext.h"
 #include "shell/ui/Kaltrova.h"
-
-namespace {
-
-std::filesystem::path ExecutableDir() {
-    std::error_code ec;
-    std::filesystem::path exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-    return ec ? std::filesystem::current_path() : exe.parent_path();
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("Kaltrova");
     QApplication::setQuitOnLastWindowClosed(false);
 
-    auto appPath =
-        kal::ResolveAppPath(ExecutableDir(), std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+    auto appPath = kal::ResolveAppPath(kal::ExecutableDir(), std::getenv("XDG_DATA_HOME"),
+                                       std::getenv("HOME"));
     if (!appPath) {
         QMessageBox::critical(
             nullptr, "Error!",
@@ -38,6 +27,7 @@ int main(int argc, char** argv) {
 
     kal::Session session;
     kal::ui::AppContext ctx(session);
+    kal::ui::RegisterProgramWindows(ctx);
     auto* main = new kal::ui::Kaltrova(ctx);
     main->setAttribute(Qt::WA_DeleteOnClose, false);
     main->Form_Load(*appPath);

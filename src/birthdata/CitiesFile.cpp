@@ -2,9 +2,9 @@
 
 #include <cctype>
 
+#include "base/TextFile.h"
+#include "base/VbText.h"
 #include "birthdata/ListFile.h"
-#include "shell/TextFile.h"
-#include "shell/VbText.h"
 
 namespace kal {
 

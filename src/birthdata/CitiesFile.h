@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "birthdata/InputFields.h"
-#include "shell/Message.h"
+#include "base/Message.h"
+#include "chart/InputFields.h"
 
 namespace kal {
 

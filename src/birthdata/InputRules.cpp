@@ -3,7 +3,7 @@
 #include <cctype>
 #include <cmath>
 
-#include "shell/VbText.h"
+#include "base/VbText.h"
 
 namespace kal {
 

@@ -8,9 +8,9 @@
 #include <string>
 #include <string_view>
 
-#include "birthdata/InputFields.h"
-#include "shell/Message.h"
-#include "shell/Options.h"
+#include "base/Message.h"
+#include "base/Options.h"
+#include "chart/InputFields.h"
 
 namespace kal {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "shell/Message.h"
-#include "shell/TextFile.h"
+#include "base/Message.h"
+#include "base/TextFile.h"
 
 namespace kal {
 

@@ -1,7 +1,7 @@
 #include "birthdata/NamesFile.h"
 
+#include "base/TextFile.h"
 #include "birthdata/ListFile.h"
-#include "shell/TextFile.h"
 
 namespace kal {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/Message.h"
 #include "birthdata/Record.h"
-#include "shell/Message.h"
 
 namespace kal {
 

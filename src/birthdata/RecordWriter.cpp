@@ -4,8 +4,8 @@
 #include <fstream>
 #include <system_error>
 
-#include "shell/TextFile.h"
-#include "shell/VbText.h"
+#include "base/TextFile.h"
+#include "base/VbText.h"
 
 namespace kal {
 

@@ -10,9 +10,9 @@
 #include <optional>
 #include <string>
 
-#include "birthdata/InputFields.h"
+#include "base/Message.h"
 #include "birthdata/Record.h"
-#include "shell/Message.h"
+#include "chart/InputFields.h"
 
 namespace kal {
 

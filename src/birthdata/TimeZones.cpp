@@ -2,8 +2,8 @@
 
 #include <cctype>
 
-#include "shell/TextFile.h"
-#include "shell/VbText.h"
+#include "base/TextFile.h"
+#include "base/VbText.h"
 
 namespace kal {
 

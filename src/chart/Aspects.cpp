@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "shell/Options.h"
-#include "shell/TextFile.h"
-#include "shell/VbText.h"
+#include "base/Options.h"
+#include "base/TextFile.h"
+#include "base/VbText.h"
 
 namespace kal {
 
@@ -130,16 +130,15 @@ std::string AngleCell(int angle) {
 
 } // namespace
 
-std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::path& appPath,
-                                        OrbTables& orbs, AspectFoundTable& found,
-                                        OutputBuffer& out) {
-    if (auto refused = LoadNatalOrbs(appPath, orbs)) return refused;
+Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, OrbTables& orbs,
+                          AspectFoundTable& found, OutputBuffer& out) {
+    if (auto refused = LoadNatalOrbs(appPath, orbs)) return {*refused};
     found = AspectFoundTable{};
 
     std::array<double, 14> P{};
     for (int pos = 1; pos <= 13; ++pos)
         P[static_cast<size_t>(pos)] =
-            c.PlanetLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
+            c.NatalLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
 
     std::string detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
     out.AppendBlankLine();
@@ -171,12 +170,7 @@ std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::p
     }
     out.AppendBlankLine();
     out.Append(detail);
-    return std::nullopt;
-}
-
-bool SaveEditorText(const std::filesystem::path& file, const std::string& text) {
-    if (text.size() < 2) return WriteFileBytes(file, "");
-    return WriteFileBytes(file, text.substr(0, text.size() - 2) + "\r\n");
+    return {};
 }
 
 } // namespace kal

@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <optional>
 
+#include "base/Message.h"
+#include "base/OutputBuffer.h"
 #include "chart/Chart.h"
-#include "shell/Message.h"
-#include "shell/OutputBuffer.h"
 
 namespace kal {
 
@@ -60,15 +60,10 @@ struct AspectHit {
 // wins, and the conjunction is tested last.
 AspectHit FindAspect(double a, double b, const OrbTable& orbs);
 
-// The natal aspect listing appended to the page. Loads NatalOrbs from the
-// program directory first; refused (nothing appended) when that file cannot
-// be read.
-std::optional<Message> ListNatalAspects(const Chart& c, const std::filesystem::path& appPath,
-                                        OrbTables& orbs, AspectFoundTable& found,
-                                        OutputBuffer& out);
-
-// The orb editor's save: the text less its final line break, then one CR LF
-// (an empty file when the text is shorter than two characters).
-bool SaveEditorText(const std::filesystem::path& file, const std::string& text);
+// The natal aspect listing of the natal copy, appended to the page. Loads
+// NatalOrbs from the program directory first; refused (nothing appended)
+// when that file cannot be read.
+Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, OrbTables& orbs,
+                          AspectFoundTable& found, OutputBuffer& out);
 
 } // namespace kal

@@ -3,8 +3,7 @@
 #include <cmath>
 #include <swephexp.h>
 
-#include "birthdata/Record.h"
-#include "shell/VbText.h"
+#include "base/VbText.h"
 
 namespace kal {
 
@@ -33,22 +32,6 @@ short ToShort(double v) {
 }
 
 } // namespace
-
-char HouseLetterFromMenu(const HouseMenu& menu) {
-    for (size_t i = 1; i < menu.size(); ++i)
-        if (menu[i]) return HouseSystems[i].letter;
-    return 'P';
-}
-
-HouseMenu HouseMenuFromOption(float option27) {
-    HouseMenu m{};
-    int v = static_cast<int>(option27);
-    if (static_cast<float>(v) == option27 && v >= 2 && v <= 7)
-        m[static_cast<size_t>(v - 1)] = true;
-    else
-        m[0] = true;
-    return m;
-}
 
 Messages InputChecks(const InputFields& in, char houseLetter) {
     Messages out;
@@ -186,8 +169,7 @@ void CalcEphemeris(Chart& c) {
     }
 
     double cusps[13] = {}, ascmc[10] = {};
-    swe_houses(c.JulDayUT, c.GeoLat, c.GeoLong, c.HouseSystem.empty() ? 'P' : c.HouseSystem[0],
-               cusps, ascmc);
+    swe_houses(c.JulDayUT, c.GeoLat, c.GeoLong, c.HouseSystem, cusps, ascmc);
     c.ARMC = ascmc[2];
     c.SiderealTime = SiderealTimeText(c.ARMC);
 
@@ -223,6 +205,44 @@ void FindPlanetHouses(Chart& c) {
             if (in) c.PlanetHouse.replace(static_cast<size_t>(10 * j - 10), 4, HouseLabel(h));
         }
     }
+}
+
+namespace {
+
+// Ephemeris, houses and the natal copy, once the identity and the moment
+// are set.
+void CastFromCalcInputs(Chart& c) {
+    CalcEphemeris(c);
+    c.NatalSidereal = c.SiderealTime;
+    c.NatalCusp = c.CuspTable;
+    FindPlanetHouses(c);
+    c.NatalLong = c.PlanetLong;
+    c.NatalSpeed = c.PlanetSpeed;
+    c.NatalRetro = c.RetroFlags;
+    c.SunMoonMid = Midpoint(c.NatalLong[Moon], c.NatalLong[Sun]);
+    c.JupPlutoMid = Midpoint(c.NatalLong[Pluto], c.NatalLong[Jupiter]);
+}
+
+} // namespace
+
+Messages CastChart(Chart& c, const InputFields& in, char houseSystem, int dateOrder) {
+    c.HouseSystem = houseSystem;
+    Messages checks = InputChecks(in, houseSystem);
+    if (!checks.empty()) return checks;
+    FillIdentityFromInput(c, in, dateOrder);
+    CalcJulDayLocal(c);
+    SetCalcInputsFromInput(c, in);
+    CastFromCalcInputs(c);
+    return {};
+}
+
+void CastChart(Chart& c, const SteppedRecord& r, const std::string& inputName, char houseSystem,
+               int dateOrder) {
+    c.HouseSystem = houseSystem;
+    FillIdentityFromStepped(c, r, inputName, dateOrder);
+    CalcJulDayLocal(c);
+    SetCalcInputsFromStepped(c, r);
+    CastFromCalcInputs(c);
 }
 
 void OpenEphemeris(const std::filesystem::path& ephemsDir) {

@@ -6,23 +6,11 @@
 #include <array>
 #include <filesystem>
 
-#include "birthdata/InputFields.h"
+#include "base/Message.h"
 #include "chart/Chart.h"
-#include "shell/Message.h"
+#include "chart/InputFields.h"
 
 namespace kal {
-
-// The check marks of the seven house-system menu items, in the order of
-// HouseSystems (Placidus, Regiomontanus, Koch, Campanus, Porphyry,
-// Alcabitus, Topocentric).
-using HouseMenu = std::array<bool, 7>;
-
-// The house-system letter the menu selects: the first checked item of
-// Regiomontanus, Koch, Campanus, Porphyry, Alcabitus, Topocentric, else "P".
-char HouseLetterFromMenu(const HouseMenu& menu);
-// The menu with only the item of option 27's value checked (Placidus for
-// values other than 2..7).
-HouseMenu HouseMenuFromOption(float option27);
 
 // The three input checks (presence, latitude, ranges), in order. Every
 // failing test gives one message; an empty result means the input passes.
@@ -46,6 +34,17 @@ void FindPlanetHouses(Chart& c);
 std::string SiderealTimeText(double armc);
 // hh.mm to decimal hours.
 double HhmmToHours(double hhmm);
+
+// The whole calculation: the chart identity, the Julian day, the ephemeris
+// and houses in `houseSystem`, the house placement, then the natal copy
+// taken from the result with the two chart midpoints. From the input fields
+// the input checks run first: when one fails the messages are returned and
+// the chart keeps its positions (only its house system is the new one).
+Messages CastChart(Chart& c, const InputFields& in, char houseSystem, int dateOrder);
+// The same from the stepped record of the wheel's time steps (no input
+// checks); the name is the input window's with " - in update mode".
+void CastChart(Chart& c, const SteppedRecord& r, const std::string& inputName, char houseSystem,
+               int dateOrder);
 
 // Ephemeris set-up and shut-down.
 void OpenEphemeris(const std::filesystem::path& ephemsDir);

@@ -32,7 +32,7 @@ struct Chart {
     std::string NatalSidereal;
     double SunMoonMid = 0;
     double JupPlutoMid = 0;
-    std::string HouseSystem = "P";
+    char HouseSystem = 'P'; // the letter of the house system
 
     // The moment and place used for the calculation.
     short CalcDay = 0, CalcMonth = 0, CalcYear = 0;
@@ -61,6 +61,10 @@ struct Chart {
     // The house number 1..12 of body j read from its label (0 before any
     // calculation).
     int HouseNumberOf(int body) const;
+
+    // Brings the working copy (positions, cusps, retrograde marks, sidereal
+    // time) back to the natal chart.
+    void RestoreWorkingCopy();
 };
 
 // The stepped record the wheel's time steps calculate from.

@@ -26,6 +26,13 @@ std::string_view AspectName(int code) {
     return AspectNames.substr(static_cast<size_t>(code - 1) * 12, 12);
 }
 
+char HouseLetterOfOption(float option27) {
+    int v = static_cast<int>(option27);
+    if (static_cast<float>(v) == option27 && v >= 2 && v <= 7)
+        return HouseSystems[static_cast<size_t>(v - 1)].letter;
+    return 'P';
+}
+
 std::string HouseSystemName(char letter) {
     for (const auto& h : HouseSystems)
         if (h.letter == letter) return h.name;

@@ -104,6 +104,9 @@ inline constexpr std::array<HouseSystemInfo, 7> HouseSystems = {{{'P', "Placidus
                                                                  {'O', "Porphyry"},
                                                                  {'B', "Alcabitus"},
                                                                  {'T', "Topocentric"}}};
+// The house system option 27 selects: 1 Placidus .. 7 Topocentric in the
+// order above; Placidus for any other value.
+char HouseLetterOfOption(float option27);
 // The header name of a house-system letter ("Placidus" for an unknown one).
 std::string HouseSystemName(char letter);
 

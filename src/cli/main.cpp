@@ -8,10 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "base/TextFile.h"
 #include "birthdata/NamesFile.h"
 #include "birthdata/Record.h"
 #include "shell/Session.h"
-#include "shell/TextFile.h"
+#include "shell/Startup.h"
 
 namespace fs = std::filesystem;
 using namespace kal;
@@ -44,12 +45,6 @@ const std::map<std::string, Command>& Commands() {
     return commands;
 }
 
-fs::path ExecutableDir() {
-    std::error_code ec;
-    fs::path exe = fs::read_symlink("/proc/self/exe", ec);
-    return ec ? fs::current_path() : exe.parent_path();
-}
-
 void PrintMessages(const Messages& msgs) {
     for (const auto& m : msgs) std::cerr << m.caption << " " << m.text << "\n";
 }
@@ -57,26 +52,29 @@ void PrintMessages(const Messages& msgs) {
 // Moves the record into the input fields, calculates as OK does and runs the
 // command. Returns the exit status.
 int RunRecord(Session& s, BirthRecord rec, const Command& cmd, bool calcPage) {
-    if (auto err = TransferRecord(rec, s.DateOrder, s.input)) {
+    InputFields in = s.calc.input;
+    if (auto err = TransferRecord(rec, s.regional.DateOrder, in)) {
         PrintMessages({*err});
         return 2;
     }
-    s.UpdateMode = 0;
-    s.out.ClearAllLines();
-    s.out.ClearDataPage();
-    Messages msgs = s.CalcChart();
-    if (s.InputError) {
-        PrintMessages(msgs);
+    CalcOutcome calc = s.Calculate(in);
+    if (!calc.calculated) {
+        PrintMessages(calc.messages);
         return 1;
     }
+    s.ShowDataPage();
     // What the calculation's own page could not show only matters to the
     // page command; the other commands write a page of their own.
-    if (!calcPage) msgs = cmd(s);
+    Messages msgs = calc.messages;
+    if (!calcPage) {
+        msgs = cmd(s);
+        if (msgs.empty()) s.ShowDataPage();
+    }
     if (!msgs.empty()) {
         PrintMessages(msgs);
         return 1;
     }
-    std::fputs(PageText(s.out, "\n").c_str(), stdout);
+    std::fputs(PageText(s.listing.out, "\n").c_str(), stdout);
     return 0;
 }
 
@@ -135,20 +133,18 @@ int main(int argc, char** argv) {
 
     Session s;
     s.Open(dir.empty() ? ExecutableDir() : dir);
-    s.DateOrder = static_cast<short>(dateOrder);
+    s.regional.DateOrder = static_cast<short>(dateOrder);
     if (!houses.empty()) {
-        HouseMenu menu{};
         bool known = false;
-        for (size_t i = 0; i < HouseSystems.size(); ++i)
-            if (houses.size() == 1 && std::toupper(houses[0]) == HouseSystems[i].letter) {
-                menu[i] = true;
+        for (const auto& h : HouseSystems)
+            if (houses.size() == 1 && std::toupper(houses[0]) == h.letter) {
+                s.calc.HouseSystem = h.letter;
                 known = true;
             }
         if (!known) {
             std::cerr << "kaltrova-cli: --houses takes one of P K R C O B T\n";
             return 64;
         }
-        s.houseMenu = menu;
     }
 
     int status = 0;

@@ -2,18 +2,19 @@
 // the data page.
 #pragma once
 
+#include <filesystem>
 #include <string>
 
-#include "shell/Message.h"
+#include "base/Message.h"
+#include "base/OutputBuffer.h"
 
 namespace kal {
 
-struct Session;
-
-// The page of a help file ("\OUTPUTD1.HLP" or "OUTPUTD1.HLP", found in
-// AppPath without regard to case): every line unchanged, one blank line,
-// then the page is shown. A missing file shows "Cannot find the file called
-// <path>." and leaves an empty page.
-Messages ShowHelpText(Session& session, const std::string& helpFileName);
+// Empties the page and fills it with a help file ("\OUTPUTD1.HLP" or
+// "OUTPUTD1.HLP", found in `appPath` without regard to case): every line
+// unchanged, then one blank line. A missing file gives "Cannot find the file
+// called <path>." and leaves the page empty.
+Messages HelpTextPage(const std::filesystem::path& appPath, const std::string& helpFileName,
+                      OutputBuffer& out);
 
 } // namespace kal

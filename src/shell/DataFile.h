@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/Message.h"
+#include "base/Message.h"
 
 namespace kal {
 

@@ -1,6 +1,6 @@
 #include "shell/EditorFile.h"
 
-#include "shell/TextFile.h"
+#include "base/TextFile.h"
 
 namespace kal {
 

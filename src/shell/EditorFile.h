@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/Message.h"
+#include "base/Message.h"
 
 namespace kal {
 

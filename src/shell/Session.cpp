@@ -2,26 +2,26 @@
 
 #include <system_error>
 
-#include "analyses/CosmicState.h"
-#include "analyses/DataPage.h"
-#include "analyses/kaltrova_sr.h"
-#include "shell/TextFile.h"
+#include "base/TextFile.h"
+#include "periphery/HelpText.h"
+#include "shell/Startup.h"
 
 namespace kal {
 
 void Session::Open(const std::filesystem::path& appPath) {
-    AppPath = appPath;
+    paths.AppPath = appPath;
     std::error_code ec;
     for (const char* dir : {"ephems", "reports", "n_report"})
-        std::filesystem::create_directories(FindFile(AppPath, dir), ec);
-    OpenEphemeris(FindFile(AppPath, "ephems"));
+        std::filesystem::create_directories(FindFile(appPath, dir), ec);
+    OpenEphemeris(FindFile(appPath, "ephems"));
     ReadOptions();
-    OrbFilePath = NatalOrbPath(AppPath);
-    NamesFilePath = FindFile(AppPath, "NAMES.FIL");
-    CitiesFilePath = FindFile(AppPath, "GA_MA.LL");
-    OutputFileName.clear();
-    UpdateMode = 0;
-    houseMenu = HouseMenuFromOption(options[27]);
+    paths.OrbFilePath = NatalOrbPath(appPath);
+    paths.NamesFilePath = FindFile(appPath, "NAMES.FIL");
+    paths.CitiesFilePath = FindFile(appPath, "GA_MA.LL");
+    paths.OutputFileName.clear();
+    paths.AtlasAvailable = AtlasConfigured(appPath);
+    calc.UpdateMode = 0;
+    calc.HouseSystem = HouseLetterOfOption(options[27]);
 }
 
 void Session::Close() {
@@ -29,97 +29,81 @@ void Session::Close() {
 }
 
 bool Session::ReadOptions() {
-    return options.ReadOptions(FindFile(AppPath, "OPTIONS.OPT"));
+    return options.ReadOptions(FindFile(paths.AppPath, "OPTIONS.OPT"));
+}
+
+ListingTables Session::Tables() {
+    return {paths.AppPath,      options, regional.DateOrder, listing.orbs, listing.AspectFound,
+            listing.FocusPlanet};
+}
+
+CalcOutcome Session::Calculate(const InputFields& in) {
+    listing.out.ClearAllLines();
+    listing.out.ClearDataPage();
+    calc.UpdateMode = 0;
+    calc.input = in;
+    Messages checks = CastChart(calc.chart, calc.input, calc.HouseSystem, regional.DateOrder);
+    if (!checks.empty()) return {false, checks};
+    return FinishCalculation();
+}
+
+CalcOutcome Session::Calculate(const SteppedRecord& r) {
+    calc.UpdateMode = 1;
+    calc.upd = r;
+    CastChart(calc.chart, calc.upd, calc.input.txtName, calc.HouseSystem, regional.DateOrder);
+    return FinishCalculation();
+}
+
+CalcOutcome Session::FinishCalculation() {
+    listing.HeaderLines = {};
+    listing.HeaderLines2 = {};
+    listing.out.ClearDataPage();
+    ListingTables tables = Tables();
+    CalcOutcome outcome{true, CalculationPage(calc.chart, tables, listing.out)};
+    BuildHeaderLines(calc.chart, regional.DateOrder, listing.HeaderLines, listing.HeaderLines2);
+    paths.OrbFilePath = NatalOrbPath(paths.AppPath);
+    return outcome;
 }
 
 void Session::BeginDataPage() {
-    out.ClearDataPage();
-    ChartHeader(chart, DateOrder, out);
+    listing.out.ClearDataPage();
+    ChartHeader(calc.chart, regional.DateOrder, listing.out);
 }
 
 bool Session::ShowDataPage(bool minimised) {
-    return kal::ShowDataPage(out, AppPath, minimised || DataWindowMinimised);
+    return kal::ShowDataPage(listing.out, paths.AppPath, minimised);
 }
 
-Messages Session::CalcChart() {
-    chart.HouseSystem = std::string(1, HouseLetterFromMenu(houseMenu));
-    if (UpdateMode == 1) {
-        FillIdentityFromStepped(chart, upd, input.txtName, DateOrder);
-    } else {
-        InputError = 0;
-        Messages checks = InputChecks(input, chart.HouseSystem[0]);
-        if (!checks.empty()) {
-            InputError = 1;
-            return checks;
-        }
-        FillIdentityFromInput(chart, input, DateOrder);
-    }
-    HeaderLines = {};
-    HeaderLines2 = {};
-    CalcJulDayLocal(chart);
-    if (UpdateMode == 1)
-        SetCalcInputsFromStepped(chart, upd);
-    else
-        SetCalcInputsFromInput(chart, input);
-    CalcEphemeris(chart);
-
-    chart.NatalSidereal = chart.SiderealTime;
-    chart.NatalCusp = chart.CuspTable;
-    FindPlanetHouses(chart);
-    chart.NatalLong = chart.PlanetLong;
-    chart.NatalSpeed = chart.PlanetSpeed;
-    chart.NatalRetro = chart.RetroFlags;
-    chart.SunMoonMid = Midpoint(chart.NatalLong[Moon], chart.NatalLong[Sun]);
-    chart.JupPlutoMid = Midpoint(chart.NatalLong[Pluto], chart.NatalLong[Jupiter]);
-    ChartCalculated = true;
-
-    Messages msgs = WriteCalculationPage(*this);
-
-    BuildHeaderLines(chart, DateOrder, HeaderLines, HeaderLines2);
-    OrbFilePath = NatalOrbPath(AppPath);
-    chart.CuspTable = chart.NatalCusp;
-    chart.PlanetLong = chart.NatalLong;
-    chart.RetroFlags = chart.NatalRetro;
-    chart.SiderealTime = chart.NatalSidereal;
+Messages Session::RunListing(const Listing& run, WorkingCopy restore) {
+    if (restore == WorkingCopy::RestoreNatal) calc.chart.RestoreWorkingCopy();
+    BeginDataPage();
+    ListingTables tables = Tables();
+    Messages msgs = run(calc.chart, tables, listing.out);
+    if (!msgs.empty()) listing.out.ClearDataPage();
     return msgs;
 }
 
 Messages Session::CmdNatalData() {
-    BeginDataPage();
-    NatalData(chart, out);
-    ShowDataPage();
-    return {};
+    return RunListing(NatalDataListing, WorkingCopy::RestoreNatal);
 }
 
 Messages Session::CmdNatalAspects() {
-    chart.PlanetLong = chart.NatalLong;
-    BeginDataPage();
-    if (auto m = ListNatalAspects(chart, AppPath, orbs, AspectFound, out)) {
-        out.ClearDataPage();
-        return {*m};
-    }
-    ShowDataPage();
-    return {};
+    return RunListing(NatalAspectsListing, WorkingCopy::RestoreNatal);
 }
 
 Messages Session::CmdCareerFactors() {
     // Refused before the header is written, so that no part of the page
     // reaches the buffer.
-    if (auto m = LoadCareerOrbs(AppPath, orbs)) return {*m};
-    BeginDataPage();
-    if (auto m = ListCareerFactors(chart, AppPath, orbs, FocusPlanet, out)) {
-        out.ClearDataPage();
-        return {*m};
-    }
-    ShowDataPage();
-    return {};
+    if (auto m = LoadCareerOrbs(paths.AppPath, listing.orbs)) return {*m};
+    return RunListing(CareerFactorsListing);
 }
 
 Messages Session::CmdCosmicState() {
-    BeginDataPage();
-    ListCosmicState(chart, options, out);
-    ShowDataPage();
-    return {};
+    return RunListing(CosmicStateListing);
+}
+
+Messages Session::CmdHelpText(const std::string& helpFileName) {
+    return HelpTextPage(paths.AppPath, helpFileName, listing.out);
 }
 
 } // namespace kal

@@ -1,65 +1,75 @@
-// The program-wide state, owned once: the chart, the options, the output
-// buffer, the input fields, the house-system menu, the file paths and flags.
-// The windows and kaltrova-cli each hold one Session and pass it to the core.
+// The program-wide state of the core, owned once and grouped by purpose:
+// the paths of the program directory and the current files, the options and
+// regional settings, the chart with what it is calculated from, and the
+// listings' state with the page buffer. The desktop program and kaltrova-cli
+// each hold one Session; the windows' own preferences live beside it in the
+// windows' context.
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
 
+#include "analyses/Listings.h"
 #include "analyses/NatalData.h"
-#include "birthdata/InputFields.h"
+#include "base/Message.h"
+#include "base/Options.h"
+#include "base/OutputBuffer.h"
 #include "chart/Aspects.h"
 #include "chart/Calc.h"
 #include "chart/Chart.h"
-#include "shell/Message.h"
-#include "shell/Options.h"
-#include "shell/OutputBuffer.h"
-#include "shell/Settings.h"
+#include "chart/InputFields.h"
 
 namespace kal {
 
-struct Session {
-    std::filesystem::path AppPath;
-    std::string TitlePrefix = "Kaltrova (Tropical zodiac) - ";
+struct SessionPaths {
+    std::filesystem::path AppPath;        // the program directory
+    std::filesystem::path OrbFilePath;    // the wheel's orb file
+    std::filesystem::path NamesFilePath;  // the current names file
+    std::filesystem::path CitiesFilePath; // the current cities file
+    std::string OutputFileName;           // where the data window's Save writes
+    bool AtlasAvailable = false;          // the atlas lookup is configured
+};
 
-    Chart chart;
-    SteppedRecord upd;
-    short UpdateMode = 0;
-    short InputError = 0;
-    bool ChartCalculated = false; // the chart-dependent menu items are enabled
-
-    Options options;
-    OutputBuffer out;
-    InputFields input;
-    HouseMenu houseMenu = {true, false, false, false, false, false, false};
+struct Regional {
     short DateOrder = 0;  // 0 month-day-year, 1 day-month-year, 2 year-month-day
     short TimeFormat = 0; // 0 12-hour clock, 1 24-hour clock
+};
 
-    std::filesystem::path OrbFilePath;
-    std::filesystem::path NamesFilePath;
-    std::filesystem::path CitiesFilePath;
-    std::string OutputFileName;
+struct ChartState {
+    Chart chart;
+    InputFields input;      // what the chart was last calculated from
+    SteppedRecord upd;      // the wheel's stepped moment
+    short UpdateMode = 0;   // 0 from the input fields, 1 from the stepped record
+    char HouseSystem = 'P'; // the house system of the next calculation
+};
 
-    // Kaltrova.INI (window places, the data window's font, wheel settings).
-    Settings settings;
-    std::string ListFontName = "COURIER NEW";
-    // Wheel size constants chosen from the screen at start-up.
-    double WheelScreenW = 1024;
-    double WheelScale = 1.5;
-    short AtlasAvailable = 0;
-    // The data window is minimised: pages are composed but not shown.
-    bool DataWindowMinimised = false;
-
+struct ListingState {
+    OutputBuffer out;
     OrbTables orbs;
     AspectFoundTable AspectFound{};
-    HeaderTable HeaderLines{};
+    HeaderTable HeaderLines{}; // the chart wheel's header
     HeaderTable HeaderLines2{};
-    // The body whose aspects the career listing's focus rule lists next.
-    short FocusPlanet = 0;
+    short FocusPlanet = 0; // the body whose aspects the career listing lists next
+};
+
+// What a calculation gave: whether the chart was calculated, and the
+// messages to show (the input checks that failed, or the listings of the
+// page that were refused).
+struct CalcOutcome {
+    bool calculated = false;
+    Messages messages;
+};
+
+struct Session {
+    SessionPaths paths;
+    Options options;
+    Regional regional;
+    ChartState calc;
+    ListingState listing;
 
     // Sets AppPath, creates the program folders, points the ephemeris at
-    // ephems/, reads the options and resets the paths to their defaults.
+    // ephems/, reads the options and resets the paths, the update mode and
+    // the house system (option 27) to their start values.
     void Open(const std::filesystem::path& appPath);
     // Closes the ephemeris.
     void Close();
@@ -67,22 +77,47 @@ struct Session {
     // Reads OPTIONS.OPT again (after the options editor saves).
     bool ReadOptions();
 
-    // The chart calculation from the input fields (UpdateMode 0) or the
-    // stepped record (UpdateMode 1), followed by the data page of a
-    // calculation. Returns the messages to show; an input-check failure
-    // leaves the previous chart in place and InputError set.
-    Messages CalcChart();
+    // The commands below compose the page; whoever shows it calls
+    // ShowDataPage when they return no message (the windows leave it unshown
+    // while the data window is minimised).
+
+    // The one chart calculation of the program: OK in the input window, a
+    // double click in the names list, a house-system toggle and kaltrova-cli.
+    // Empties the buffer and the page, takes the fields as the input and
+    // calculates (update mode 0); on success composes the page of a
+    // calculation, which is shown even when a listing of it was refused. A
+    // failing input check leaves the previous chart in place.
+    CalcOutcome Calculate(const InputFields& in);
+    // The calculation of the wheel's time steps from a stepped record
+    // (update mode 1), with the page of a calculation.
+    CalcOutcome Calculate(const SteppedRecord& r);
+
+    // The listings' view of the session.
+    ListingTables Tables();
 
     // Empties the page and writes the chart header lines.
     void BeginDataPage();
-    // Shows the current page (writes reports/LASTPAGE.TXT).
+    // Shows the current page: its closing blank line, and the page written
+    // to reports/LASTPAGE.TXT. Nothing when `minimised` (the data window is
+    // minimised) or the buffer is empty.
     bool ShowDataPage(bool minimised = false);
 
-    // Data-menu commands: each is BeginDataPage, the listing, ShowDataPage.
+    // A Data-menu command: BeginDataPage and the listing. A refused listing
+    // leaves the page empty. `restore` first brings the
+    // chart's working copy back to the natal chart, as the natal data and
+    // natal aspects commands do.
+    enum class WorkingCopy { Keep, RestoreNatal };
+    Messages RunListing(const Listing& listing, WorkingCopy restore = WorkingCopy::Keep);
+
     Messages CmdNatalData();
     Messages CmdNatalAspects();
     Messages CmdCareerFactors();
     Messages CmdCosmicState();
+    // A help file in the data page.
+    Messages CmdHelpText(const std::string& helpFileName);
+
+  private:
+    CalcOutcome FinishCalculation();
 };
 
 } // namespace kal

@@ -5,9 +5,8 @@
 #include <limits>
 #include <type_traits>
 
-#include "shell/Session.h"
-#include "shell/TextFile.h"
-#include "shell/VbText.h"
+#include "base/TextFile.h"
+#include "base/VbText.h"
 
 namespace kal {
 
@@ -22,10 +21,18 @@ short ToShort(double v) {
     return static_cast<short>(r);
 }
 
+// The values a key reads and writes.
+struct Values {
+    Settings s;
+    std::string dataFile;
+    std::string geoDataFile;
+};
+
 struct Key {
     const char* name;
-    // Applies the value text; the check is part of the setter.
-    std::function<void(const std::string&, Settings&, std::string&, std::string&)> apply;
+    std::function<std::string(const Values&)> write;
+    // Applies the value text; the key's check is part of it.
+    std::function<void(const std::string&, Values&)> read;
 };
 
 // Checks applied to a number before it is taken.
@@ -43,17 +50,26 @@ bool ReadableFontSize(double v) {
 // a value that fails `accept` leaves the field as it was.
 template <class T>
 Key Number(const char* name, T Settings::*field, bool (*accept)(double) = AnyNumber) {
-    return {name,
-            [field, accept](const std::string& text, Settings& s, std::string&, std::string&) {
-                double v = Val(text);
-                if (!accept(v)) return;
+    return {name, [field](const Values& v) { return NumText(v.s.*field); },
+            [field, accept](const std::string& text, Values& v) {
+                double x = Val(text);
+                if (!accept(x)) return;
                 if constexpr (std::is_same_v<T, short>)
-                    s.*field = ToShort(v);
+                    v.s.*field = ToShort(x);
                 else
-                    s.*field = v;
+                    v.s.*field = x;
             }};
 }
 
+// A file key: replaced only by a non-empty value.
+Key File(const char* name, std::string Values::*field) {
+    return {name, [field](const Values& v) { return v.*field; },
+            [field](const std::string& text, Values& v) {
+                if (!text.empty()) v.*field = text;
+            }};
+}
+
+// The keys in the order the file is written.
 const std::vector<Key>& Keys() {
     static const std::vector<Key> keys = {
         Number("FontSize", &Settings::ListFontSize, ReadableFontSize),
@@ -67,14 +83,8 @@ const std::vector<Key>& Keys() {
         Number("DataLeft", &Settings::DataLeft),
         Number("DataHeight", &Settings::DataHeight, Positive),
         Number("DataWidth", &Settings::DataWidth, Positive),
-        {"DataFile",
-         [](const std::string& v, Settings&, std::string& data, std::string&) {
-             if (!v.empty()) data = v;
-         }},
-        {"GeoDataFile",
-         [](const std::string& v, Settings&, std::string&, std::string& geo) {
-             if (!v.empty()) geo = v;
-         }},
+        File("DataFile", &Values::dataFile),
+        File("GeoDataFile", &Values::geoDataFile),
         Number("StartScale", &Settings::StartScale),
         Number("TypeChart", &Settings::TypeChart),
         Number("wheelsTop", &Settings::WheelsTop),
@@ -89,61 +99,48 @@ const std::vector<Key>& Keys() {
 
 void ApplySettingsLines(const std::vector<std::string>& lines, Settings& s, std::string& dataFile,
                         std::string& geoDataFile) {
+    Values v{s, dataFile, geoDataFile};
     for (const auto& line : lines) {
         auto eq = line.find('=');
         std::string value = eq == std::string::npos ? line : line.substr(eq + 1);
         for (const auto& key : Keys()) {
             if (line.compare(0, std::char_traits<char>::length(key.name), key.name) == 0)
-                key.apply(value, s, dataFile, geoDataFile);
+                key.read(value, v);
         }
     }
+    s = v.s;
+    dataFile = v.dataFile;
+    geoDataFile = v.geoDataFile;
 }
 
 std::vector<std::string> SettingsLines(const Settings& s, const std::string& dataFile,
                                        const std::string& geoDataFile) {
-    auto n = [](double v) { return NumText(v); };
-    return {
-        SettingsHeading,
-        "FontSize=" + n(s.ListFontSize),
-        "FontBold=" + n(s.ListFontBold),
-        "FontItalic=" + n(s.ListFontItalic),
-        "KaltrovaTop=" + n(s.KaltrovaTop),
-        "KaltrovaLeft=" + n(s.KaltrovaLeft),
-        "KaltrovaHeight=" + n(s.KaltrovaHeight),
-        "KaltrovaWidth=" + n(s.KaltrovaWidth),
-        "DataTop=" + n(s.DataTop),
-        "DataLeft=" + n(s.DataLeft),
-        "DataHeight=" + n(s.DataHeight),
-        "DataWidth=" + n(s.DataWidth),
-        "DataFile=" + dataFile,
-        "GeoDataFile=" + geoDataFile,
-        "StartScale=" + n(s.StartScale),
-        "TypeChart=" + n(s.TypeChart),
-        "wheelsTop=" + n(s.WheelsTop),
-        "wheelsLeft=" + n(s.WheelsLeft),
-        "wheelsHeight=" + n(s.WheelsHeight),
-        "wheelsWidth=" + n(s.WheelsWidth),
-    };
+    const Values v{s, dataFile, geoDataFile};
+    std::vector<std::string> lines = {SettingsHeading};
+    for (const auto& key : Keys()) lines.push_back(std::string(key.name) + "=" + key.write(v));
+    return lines;
 }
 
 std::filesystem::path SettingsPath(const std::filesystem::path& appPath) {
     return FindFile(appPath, "Kaltrova.INI");
 }
 
-void ReadSettings(Session& session) {
-    session.settings = Settings{};
-    std::string dataFile = FindFile(session.AppPath, "NAMES.FIL").string();
-    std::string geoFile = FindFile(session.AppPath, "GA_MA.LL").string();
-    if (auto lines = ReadLines(SettingsPath(session.AppPath)))
-        ApplySettingsLines(*lines, session.settings, dataFile, geoFile);
-    session.NamesFilePath = dataFile;
-    session.CitiesFilePath = geoFile;
+void ReadSettings(const std::filesystem::path& appPath, Settings& s,
+                  std::filesystem::path& namesFile, std::filesystem::path& citiesFile) {
+    s = Settings{};
+    std::string dataFile = FindFile(appPath, "NAMES.FIL").string();
+    std::string geoFile = FindFile(appPath, "GA_MA.LL").string();
+    if (auto lines = ReadLines(SettingsPath(appPath)))
+        ApplySettingsLines(*lines, s, dataFile, geoFile);
+    namesFile = dataFile;
+    citiesFile = geoFile;
 }
 
-bool WriteSettings(const Session& session) {
-    return WriteLines(SettingsPath(session.AppPath),
-                      SettingsLines(session.settings, session.NamesFilePath.string(),
-                                    session.CitiesFilePath.string()));
+bool WriteSettings(const std::filesystem::path& appPath, const Settings& s,
+                   const std::filesystem::path& namesFile,
+                   const std::filesystem::path& citiesFile) {
+    return WriteLines(SettingsPath(appPath),
+                      SettingsLines(s, namesFile.string(), citiesFile.string()));
 }
 
 } // namespace kal

@@ -10,8 +10,6 @@
 
 namespace kal {
 
-struct Session;
-
 struct Settings {
     // The data window's font.
     double ListFontSize = 8.5;
@@ -47,16 +45,19 @@ inline constexpr const char* SettingsHeading =
 void ApplySettingsLines(const std::vector<std::string>& lines, Settings& s, std::string& dataFile,
                         std::string& geoDataFile);
 
-// The file's lines in the standard order (heading and nineteen keys).
+// The file's lines in the standard order (the heading and the nineteen keys).
 std::vector<std::string> SettingsLines(const Settings& s, const std::string& dataFile,
                                        const std::string& geoDataFile);
 
 std::filesystem::path SettingsPath(const std::filesystem::path& appPath);
 
-// Sets every default (names and cities files included), then reads
-// AppPath/Kaltrova.INI when it can be opened.
-void ReadSettings(Session& session);
-// Writes AppPath/Kaltrova.INI anew with CR LF line ends. False on failure.
-bool WriteSettings(const Session& session);
+// Sets every default (the names and cities files NAMES.FIL and GA_MA.LL of
+// the program directory included), then reads appPath/Kaltrova.INI when it
+// can be opened.
+void ReadSettings(const std::filesystem::path& appPath, Settings& s,
+                  std::filesystem::path& namesFile, std::filesystem::path& citiesFile);
+// Writes appPath/Kaltrova.INI anew with CR LF line ends. False on failure.
+bool WriteSettings(const std::filesystem::path& appPath, const Settings& s,
+                   const std::filesystem::path& namesFile, const std::filesystem::path& citiesFile);
 
 } // namespace kal

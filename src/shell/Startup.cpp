@@ -4,12 +4,18 @@
 #include <fstream>
 #include <system_error>
 
-#include "shell/TextFile.h"
-#include "shell/VbText.h"
+#include "base/TextFile.h"
+#include "base/VbText.h"
 
 namespace kal {
 
 namespace fs = std::filesystem;
+
+fs::path ExecutableDir() {
+    std::error_code ec;
+    fs::path exe = fs::read_symlink("/proc/self/exe", ec);
+    return ec ? fs::current_path() : exe.parent_path();
+}
 
 std::string BuildTitlePrefix() {
     return std::string("Kaltrova ") + "(Tropical zodiac) - ";

@@ -13,6 +13,10 @@
 
 namespace kal {
 
+// The folder of the running program (the current folder when it cannot be
+// told).
+std::filesystem::path ExecutableDir();
+
 // The caption prefix of the main window and the other windows.
 std::string BuildTitlePrefix();
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "base/OutputBuffer.h"
 #include "chart/Calc.h"
 #include "chart/Chart.h"
-#include "shell/OutputBuffer.h"
 
 namespace kal::test {
 

@@ -9,9 +9,9 @@
 
 #include <unistd.h>
 
+#include "base/TextFile.h"
 #include "birthdata/NamesFile.h"
 #include "birthdata/RecordWriter.h"
-#include "shell/TextFile.h"
 
 namespace kal {
 namespace {

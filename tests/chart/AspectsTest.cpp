@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "TestSupport.h"
+#include "base/TextFile.h"
 #include "chart/Aspects.h"
-#include "shell/TextFile.h"
 
 using namespace kal;
 
@@ -92,12 +92,12 @@ TEST(NatalAspectListing, WholeListingOfAConstructedChart) {
     // By listing position: Sun, Moon, Mercury..Pluto, Node, Asc, MC.
     const double lon[14] = {0, 10, 190.5, 15.25, 40, 70, 100, 130, 160, 220, 250, 280, 310, 341.5};
     for (int pos = 1; pos <= 13; ++pos)
-        c.PlanetLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])] = lon[pos];
+        c.NatalLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])] = lon[pos];
     OrbTables orbs;
     AspectFoundTable found{};
     found[5][1][1] = 7; // stale entry, cleared by the listing
     OutputBuffer out;
-    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    ASSERT_TRUE(ListNatalAspects(c, dir.path(), orbs, found, out).empty());
 
     const std::string none = "---  ";
     auto dashes = [&](int n) {
@@ -153,13 +153,13 @@ TEST(NatalAspectListing, WholeListingOfAConstructedChart) {
 TEST(NatalAspectListing, AscendantMidheavenOnlyInTheGrid) {
     kal::test::ScratchAppDir dir;
     Chart c;
-    for (int j = 1; j <= 11; ++j) c.PlanetLong[static_cast<size_t>(j)] = 200 + 13.7 * j;
-    c.PlanetLong[Asc] = 0;
-    c.PlanetLong[MC] = 270.5; // square the Ascendant
+    for (int j = 1; j <= 11; ++j) c.NatalLong[static_cast<size_t>(j)] = 200 + 13.7 * j;
+    c.NatalLong[Asc] = 0;
+    c.NatalLong[MC] = 270.5; // square the Ascendant
     OrbTables orbs;
     AspectFoundTable found{};
     OutputBuffer out;
-    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    ASSERT_TRUE(ListNatalAspects(c, dir.path(), orbs, found, out).empty());
     EXPECT_EQ(out.PageLines[15], "  Asc   90  ");
     EXPECT_EQ(found[4][13][12], 1);
     EXPECT_EQ(out.PageLines[17].find("M_Heaven   90d"), std::string::npos);
@@ -174,8 +174,8 @@ TEST(NatalAspectListing, MissingOrbFileRefusesTheListing) {
     AspectFoundTable found{};
     OutputBuffer out;
     auto msg = ListNatalAspects(c, dir.path(), orbs, found, out);
-    ASSERT_TRUE(msg.has_value());
-    EXPECT_NE(msg->text.find("NATAL.ORB"), std::string::npos);
+    ASSERT_EQ(msg.size(), 1u);
+    EXPECT_NE(msg[0].text.find("NATAL.ORB"), std::string::npos);
     EXPECT_EQ(out.PageCount(), 0u);
 }
 
@@ -184,18 +184,18 @@ TEST(NatalAspectListing, MinutesRoundWhileDegreesTruncate) {
     // minutes read 60 beside the truncated 59 degrees.
     kal::test::ScratchAppDir dir;
     Chart c;
-    for (int j = 1; j <= 13; ++j) c.PlanetLong[static_cast<size_t>(j)] = 100 + 9.1 * j;
-    c.PlanetLong[Sun] = 0;
-    c.PlanetLong[MC] = 59.99;
+    for (int j = 1; j <= 13; ++j) c.NatalLong[static_cast<size_t>(j)] = 100 + 9.1 * j;
+    c.NatalLong[Sun] = 0;
+    c.NatalLong[MC] = 59.99;
     OrbTables orbs;
     AspectFoundTable found{};
     OutputBuffer out;
-    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    ASSERT_TRUE(ListNatalAspects(c, dir.path(), orbs, found, out).empty());
     EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 59m          0d 01m\r\n"),
               std::string::npos);
-    c.PlanetLong[MC] = 59.995;
+    c.NatalLong[MC] = 59.995;
     out = OutputBuffer{};
-    ASSERT_FALSE(ListNatalAspects(c, dir.path(), orbs, found, out).has_value());
+    ASSERT_TRUE(ListNatalAspects(c, dir.path(), orbs, found, out).empty());
     EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 60m          0d 00m\r\n"),
               std::string::npos);
 }

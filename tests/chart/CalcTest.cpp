@@ -251,20 +251,9 @@ TEST(FindPlanetHouses, HouseSpanningZeroAries) {
     EXPECT_EQ(c.HouseLabelOf(Mercury), " 3RD");
 }
 
-TEST(HouseMenu, LetterAndOptionMapping) {
-    HouseMenu m{true, false, true, false, false, false, false};
-    // Placidus and Koch both checked: Koch wins.
-    EXPECT_EQ(HouseLetterFromMenu(m), 'K');
-    m = {true, false, false, false, false, false, true};
-    EXPECT_EQ(HouseLetterFromMenu(m), 'T');
-    m = {false, false, false, false, false, false, false};
-    EXPECT_EQ(HouseLetterFromMenu(m), 'P');
-    m = {false, true, false, true, false, false, false};
-    EXPECT_EQ(HouseLetterFromMenu(m), 'R');
-
-    EXPECT_EQ(HouseLetterFromMenu(HouseMenuFromOption(4)), 'C');
-    EXPECT_EQ(HouseLetterFromMenu(HouseMenuFromOption(2)), 'R');
-    EXPECT_TRUE(HouseMenuFromOption(0)[0]);
-    EXPECT_TRUE(HouseMenuFromOption(9)[0]);
-    EXPECT_TRUE(HouseMenuFromOption(7)[6]);
+TEST(HouseSystems, Option27SelectsInMenuOrder) {
+    EXPECT_EQ(HouseLetterOfOption(2), 'R');
+    EXPECT_EQ(HouseLetterOfOption(4), 'C');
+    EXPECT_EQ(HouseLetterOfOption(7), 'T');
+    for (float other : {0.0f, 1.0f, 4.5f, 8.0f, -3.0f}) EXPECT_EQ(HouseLetterOfOption(other), 'P');
 }

@@ -7,8 +7,8 @@
 #include <sstream>
 
 #include "TestSupport.h"
+#include "base/VbText.h"
 #include "chart/Calc.h"
-#include "shell/VbText.h"
 
 using namespace kal;
 
@@ -73,7 +73,7 @@ TEST(SwetestCrossCheck, BodiesSpeedsAndCuspsInEverySystem) {
             InputFields in = RandomInput(rng, hs.letter);
             ASSERT_TRUE(InputChecks(in, hs.letter).empty());
             Chart c;
-            c.HouseSystem = std::string(1, hs.letter);
+            c.HouseSystem = hs.letter;
             FillIdentityFromInput(c, in, 0);
             CalcJulDayLocal(c);
             SetCalcInputsFromInput(c, in);

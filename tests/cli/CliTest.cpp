@@ -10,7 +10,7 @@
 #include <sstream>
 
 #include "TestSupport.h"
-#include "shell/TextFile.h"
+#include "base/TextFile.h"
 
 using kal::test::RunShell;
 using kal::test::ShellQuote;

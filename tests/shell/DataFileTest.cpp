@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "TestSupport.h"
+#include "base/TextFile.h"
 #include "shell/DataFile.h"
-#include "shell/TextFile.h"
 
 using namespace kal;
 

@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "TestSupport.h"
-#include "shell/Session.h"
+#include "base/TextFile.h"
 #include "shell/Settings.h"
-#include "shell/TextFile.h"
 
 using namespace kal;
 
@@ -81,11 +80,11 @@ TEST(Settings, WritesTheStandardOrderAndReadsItBack) {
 TEST(Settings, MissingFileGivesDefaults) {
     test::ScratchAppDir dir;
     std::filesystem::remove(dir.path() / "Kaltrova.INI");
-    Session session;
-    session.AppPath = dir.path();
-    session.settings.ListFontSize = 11;
-    ReadSettings(session);
-    EXPECT_DOUBLE_EQ(session.settings.ListFontSize, 8.5);
-    EXPECT_EQ(session.NamesFilePath, FindFile(dir.path(), "NAMES.FIL"));
-    EXPECT_EQ(session.CitiesFilePath.filename(), "GA_MA.LL");
+    Settings s;
+    s.ListFontSize = 11;
+    std::filesystem::path names, cities;
+    ReadSettings(dir.path(), s, names, cities);
+    EXPECT_DOUBLE_EQ(s.ListFontSize, 8.5);
+    EXPECT_EQ(names, FindFile(dir.path(), "NAMES.FIL"));
+    EXPECT_EQ(cities.filename(), "GA_MA.LL");
 }

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "TestSupport.h"
+#include "base/TextFile.h"
 #include "shell/EditorFile.h"
 #include "shell/Startup.h"
-#include "shell/TextFile.h"
 
 using namespace kal;
 namespace fs = std::filesystem;

@@ -1,5 +1,5 @@
 // Helpers of the window tests: a scratch program directory, the started
-// main window without waiting for the title window, recorded message boxes,
+// main window without waiting for the title window, recorded dialogs,
 // menu items by objectName and screenshots.
 #pragma once
 
@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "TestSupport.h"
+#include "app/Windows.h"
 #include "birthdata/Record.h"
 #include "shell/Session.h"
 #include "shell/ui/AppContext.h"
@@ -22,27 +23,58 @@
 
 namespace kal::test {
 
-// Records every message box instead of showing it.
-class MessageRecorder {
+// The dialogs of a test: every message box is recorded instead of shown;
+// questions, file choices, Save As, the printer and the new names file are
+// answered by the functions a test sets (by default: No, cancelled).
+class RecordingDialogs : public ui::Dialogs {
   public:
-    MessageRecorder() {
-        ui::AppContext::setMessageSink(
-            [this](const Message& m, QWidget*) { messages.push_back(m); });
-    }
-    ~MessageRecorder() { ui::AppContext::setMessageSink({}); }
     std::vector<Message> messages;
     bool saw(const std::string& text) const {
         for (const auto& m : messages)
             if (m.text == text) return true;
         return false;
     }
+
+    std::function<QMessageBox::StandardButton(const Message&)> onQuestion;
+    std::function<QString(const QString& pattern)> onChooseFile;
+    std::function<QString(const QString& folder, const QString& proposed)> onSaveAs;
+    std::function<bool(QPrinter&)> onPrinter;
+    std::function<QString(const QString& folder)> onNewNamesFile;
+
+    void message(const Message& m, QWidget*) override { messages.push_back(m); }
+    QMessageBox::StandardButton question(const Message& m, QMessageBox::StandardButtons,
+                                         QWidget*) override {
+        return onQuestion ? onQuestion(m) : QMessageBox::No;
+    }
+    QString chooseFile(ui::AppContext&, const QString& pattern, QWidget*) override {
+        return onChooseFile ? onChooseFile(pattern) : QString();
+    }
+    QString saveAs(const QString& folder, const QString& proposed, QWidget*) override {
+        return onSaveAs ? onSaveAs(folder, proposed) : QString();
+    }
+    bool setUpPrinter(QPrinter& printer, const QString&, QWidget*) override {
+        return onPrinter ? onPrinter(printer) : false;
+    }
+    QString newNamesFile(const QString& folder, QWidget*) override {
+        return onNewNamesFile ? onNewNamesFile(folder) : QString();
+    }
 };
+
+// A context with every window registered and recording dialogs.
+inline std::unique_ptr<ui::AppContext> MakeContext(Session& session, RecordingDialogs*& dialogs) {
+    auto ctx = std::make_unique<ui::AppContext>(session);
+    auto d = std::make_unique<RecordingDialogs>();
+    dialogs = d.get();
+    ctx->setDialogs(std::move(d));
+    ui::RegisterProgramWindows(*ctx);
+    return ctx;
+}
 
 // A started program on a scratch program directory.
 struct StartedProgram {
     ScratchAppDir dir;
-    MessageRecorder recorder;
     Session session;
+    RecordingDialogs* dialogs = nullptr;
     std::unique_ptr<ui::AppContext> ctx;
     std::unique_ptr<ui::Kaltrova> main;
 
@@ -53,7 +85,7 @@ struct StartedProgram {
         // kept from a run of the real program.
         std::filesystem::remove(dir.path() / "Kaltrova.INI");
         if (prepare) prepare(dir);
-        ctx = std::make_unique<ui::AppContext>(session);
+        ctx = MakeContext(session, dialogs);
         main = std::make_unique<ui::Kaltrova>(*ctx);
         ui::Kaltrova::StartupChoices choices;
         choices.waitForTitle = false;
@@ -77,8 +109,9 @@ struct StartedProgram {
     bool calculate(const std::string& line) {
         auto rec = ParseRecordLine(line);
         if (!rec) return false;
-        if (TransferRecord(*rec, session.DateOrder, session.input)) return false;
-        return ctx->calcChart();
+        InputFields in;
+        if (TransferRecord(*rec, session.regional.DateOrder, in)) return false;
+        return ctx->calculate(in);
     }
 };
 

@@ -14,13 +14,12 @@
 #include <filesystem>
 
 #include "ShellUiSupport.h"
+#include "base/TextFile.h"
 #include "birthdata/NamesFile.h"
 #include "birthdata/ui/Geograph.h"
 #include "birthdata/ui/InputD.h"
 #include "birthdata/ui/Names.h"
-#include "birthdata/ui/NewNamesFile.h"
 #include "birthdata/ui/TimeZone.h"
-#include "shell/TextFile.h"
 
 using namespace kal;
 using kal::test::StartedProgram;
@@ -28,16 +27,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-template <class T = QWidget> T* Win(StartedProgram& p, const char* name) {
+template <class T = QWidget> T* Win(StartedProgram& p, ui::WindowName name) {
     return qobject_cast<T*>(p.ctx->window(name));
 }
 
 QLineEdit* Field(StartedProgram& p, const char* name) {
-    return Win(p, "InputD")->findChild<QLineEdit*>(name);
+    return Win(p, ui::win::InputD)->findChild<QLineEdit*>(name);
 }
 
 bool Checked(StartedProgram& p, const char* name) {
-    return Win(p, "InputD")->findChild<QRadioButton*>(name)->isChecked();
+    return Win(p, ui::win::InputD)->findChild<QRadioButton*>(name)->isChecked();
 }
 
 void Click(QWidget* w, const char* button) {
@@ -73,10 +72,6 @@ class BirthDataWindowsTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void cleanup() {
-        ui::AppContext::setFileSink({});
-        ui::AppContext::setQuestionSink({});
-    }
     void typicalRequestFromPickToPage();
     void newPersonSavedAndSavedAgain();
     void malformedNamesLineIsReported();
@@ -90,26 +85,27 @@ class BirthDataWindowsTest : public QObject {
 
 void BirthDataWindowsTest::typicalRequestFromPickToPage() {
     StartedProgram p;
-    QVERIFY(Win(p, "InputD") && Win(p, "InputD")->isVisible());
-    QVERIFY(Win(p, "Names") && Win(p, "Names")->isVisible());
+    QVERIFY(Win(p, ui::win::InputD) && Win(p, ui::win::InputD)->isVisible());
+    QVERIFY(Win(p, ui::win::Names) && Win(p, ui::win::Names)->isVisible());
     QCOMPARE(Field(p, "txtName")->text(), QString("Now"));
-    QCOMPARE(Win(p, "Names")->findChild<QLabel*>("lblNamesOnFile")->text(), QString("NAMES.FIL"));
+    QCOMPARE(Win(p, ui::win::Names)->findChild<QLabel*>("lblNamesOnFile")->text(),
+             QString("NAMES.FIL"));
     // The list sets its first current item by itself when it takes the focus;
     // that is no pick, and the input window keeps "Now".
-    Win(p, "Names")->activateWindow();
-    Win(p, "Names")->findChild<QListWidget*>("NamesOnFile")->setFocus();
+    Win(p, ui::win::Names)->activateWindow();
+    Win(p, ui::win::Names)->findChild<QListWidget*>("NamesOnFile")->setFocus();
     QCoreApplication::processEvents();
     QCOMPARE(Field(p, "txtName")->text(), QString("Now"));
 
-    Pick(Win(p, "Names"), "NamesOnFile", "Example");
+    Pick(Win(p, ui::win::Names), "NamesOnFile", "Example");
     QCOMPARE(Field(p, "txtName")->text() + " " + Field(p, "txtMonth")->text() + "/" +
                  Field(p, "txtDay")->text() + " " + Field(p, "txtBirthHour")->text() + ":" +
                  Field(p, "txtBirthMinute")->text(),
              QString("Example 5/12 10:43"));
 
-    Click(Win(p, "InputD"), "cmdOK");
-    QVERIFY(!Win(p, "InputD")->isVisible() && !Win(p, "Names")->isVisible());
-    QVERIFY(Win(p, "OutputD1") && Win(p, "OutputD1")->isVisible());
+    Click(Win(p, ui::win::InputD), "cmdOK");
+    QVERIFY(!Win(p, ui::win::InputD)->isVisible() && !Win(p, ui::win::Names)->isVisible());
+    QVERIFY(Win(p, ui::win::OutputD1) && Win(p, ui::win::OutputD1)->isVisible());
     std::string page = LastPage(p);
     QVERIFY(page.find("Example") != std::string::npos);
     QVERIFY(page.find("Placidus") != std::string::npos);
@@ -122,12 +118,13 @@ void BirthDataWindowsTest::typicalRequestFromPickToPage() {
 
     // The Input command brings the windows back with the fields kept.
     p.trigger("mnuInputData");
-    QVERIFY(Win(p, "InputD")->isVisible() && Win(p, "Names") && Win(p, "Names")->isVisible());
+    QVERIFY(Win(p, ui::win::InputD)->isVisible() && Win(p, ui::win::Names) &&
+            Win(p, ui::win::Names)->isVisible());
     QCOMPARE(Field(p, "txtName")->text(), QString("Example"));
 
     // A double click in the names list calculates at once.
-    Pick(Win(p, "Names"), "NamesOnFile", "Albert Einstein");
-    auto* list = Win(p, "Names")->findChild<QListWidget*>("NamesOnFile");
+    Pick(Win(p, ui::win::Names), "NamesOnFile", "Albert Einstein");
+    auto* list = Win(p, ui::win::Names)->findChild<QListWidget*>("NamesOnFile");
     emit list->itemDoubleClicked(list->currentItem());
     QCoreApplication::processEvents();
     QVERIFY(LastPage(p).find("Albert Einstein") != std::string::npos);
@@ -138,21 +135,21 @@ void BirthDataWindowsTest::newPersonSavedAndSavedAgain() {
     const fs::path names = p.dir.path() / "NAMES.FIL";
     const size_t before = LoadNamesFile(names).records.size();
     QStringList patterns;
-    ui::AppContext::setFileSink([&](const QString& pattern, QWidget*) {
+    p.dialogs->onChooseFile = [&](const QString& pattern) {
         patterns << pattern;
         return QString::fromStdString(names.string());
-    });
+    };
     std::vector<Message> asked;
-    ui::AppContext::setQuestionSink([&](const Message& m, QMessageBox::StandardButtons, QWidget*) {
+    p.dialogs->onQuestion = [&](const Message& m) {
         asked.push_back(m);
         return QMessageBox::No;
-    });
+    };
 
     // A comma in the name is refused before any file is asked for.
-    auto* input = Win(p, "InputD");
+    auto* input = Win(p, ui::win::InputD);
     Field(p, "txtName")->setText("Smith, John");
     Click(input, "cmdSave");
-    QVERIFY(p.recorder.saw(
+    QVERIFY(p.dialogs->saw(
         "You cannot have a comma in the name. Please remove the comma and try again."));
     QVERIFY(patterns.isEmpty());
 
@@ -160,7 +157,7 @@ void BirthDataWindowsTest::newPersonSavedAndSavedAgain() {
     Field(p, "txtName")->setText("Jane Doe");
     Click(input, "cmdSave");
     QVERIFY(asked.empty());
-    QVERIFY(ListTexts(Win(p, "Names"), "NamesOnFile").contains("Jane Doe"));
+    QVERIFY(ListTexts(Win(p, ui::win::Names), "NamesOnFile").contains("Jane Doe"));
     QCOMPARE(LoadNamesFile(names).records.size(), before + 1);
     QCOMPARE(patterns, QStringList({"*.FIL"}));
 
@@ -181,41 +178,41 @@ void BirthDataWindowsTest::malformedNamesLineIsReported() {
                              "Broken line without fields\r\n"
                              "Ann Lee,3 Feb 1971,4.05,P,5,71.04,42.21,\r\n");
     });
-    QVERIFY(p.recorder.saw(NamesFileLineError().text));
-    QCOMPARE(ListTexts(Win(p, "Names"), "NamesOnFile"), QStringList({"Example", "Ann Lee"}));
+    QVERIFY(p.dialogs->saw(NamesFileLineError().text));
+    QCOMPARE(ListTexts(Win(p, ui::win::Names), "NamesOnFile"), QStringList({"Example", "Ann Lee"}));
 
     // A record that cannot be converted: the format error, later fields kept.
-    p.recorder.messages.clear();
+    p.dialogs->messages.clear();
     Field(p, "txtEmail")->setText("kept@x.org");
-    auto* names = Win<ui::Names>(p, "Names");
+    auto* names = Win<ui::Names>(p, ui::win::Names);
     const_cast<std::vector<BirthRecord>&>(names->records())[1].RecLat = "4x";
     Pick(names, "NamesOnFile", "Ann Lee");
-    QVERIFY(p.recorder.saw(RecordFormatError().text));
+    QVERIFY(p.dialogs->saw(RecordFormatError().text));
     QCOMPARE(Field(p, "txtLongDeg")->text(), QString("71"));
     QCOMPARE(Field(p, "txtEmail")->text(), QString("kept@x.org"));
 }
 
 void BirthDataWindowsTest::lockListReselectsOnReload() {
     StartedProgram p;
-    auto* names = Win(p, "Names");
+    auto* names = Win(p, ui::win::Names);
     Pick(names, "NamesOnFile", "Sigmund Freud"); // row 2
     names->findChild<QCheckBox*>("Check1")->click();
-    Click(Win(p, "InputD"), "cmdOK");
-    QVERIFY(p.session.ChartCalculated);
+    Click(Win(p, ui::win::InputD), "cmdOK");
+    QVERIFY(p.action("mnuData")->isEnabled());
     Field(p, "txtName")->setText("Typed over");
 
     // The Input command re-reads the list; a locked list picks the entry again.
     p.trigger("mnuInputData");
 
-    auto* list = Win(p, "Names")->findChild<QListWidget*>("NamesOnFile");
+    auto* list = Win(p, ui::win::Names)->findChild<QListWidget*>("NamesOnFile");
     QCOMPARE(list->currentRow(), 2);
     QCOMPARE(Field(p, "txtName")->text(), QString("Sigmund Freud"));
-    QVERIFY(Win(p, "Names")->findChild<QCheckBox*>("Check1")->isChecked());
+    QVERIFY(Win(p, ui::win::Names)->findChild<QCheckBox*>("Check1")->isChecked());
 }
 
 void BirthDataWindowsTest::inputFieldRules() {
     StartedProgram p;
-    auto* input = Win(p, "InputD");
+    auto* input = Win(p, ui::win::InputD);
     input->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(input));
 
@@ -228,7 +225,7 @@ void BirthDataWindowsTest::inputFieldRules() {
     auto* hour = Field(p, "txtBirthHour");
     input->findChild<QRadioButton*>("optAM")->setChecked(true);
     hour->clear();
-    QCOMPARE(p.recorder.messages.back().text,
+    QCOMPARE(p.dialogs->messages.back().text,
              std::string("Please fill in a value for birth hour."));
     QTest::keyClicks(hour, "17");
     QCOMPARE(hour->text(), QString("5"));
@@ -255,10 +252,10 @@ void BirthDataWindowsTest::inputFieldRules() {
 
 void BirthDataWindowsTest::citiesPickAndEditor() {
     StartedProgram p;
-    Click(Win(p, "Names"), "Command1");
+    Click(Win(p, ui::win::Names), "Command1");
     QCoreApplication::processEvents();
-    auto* geo = Win<ui::Geograph>(p, "Geograph");
-    QVERIFY(geo && geo->isVisible() && !Win(p, "Names"));
+    auto* geo = Win<ui::Geograph>(p, ui::win::Geograph);
+    QVERIFY(geo && geo->isVisible() && !Win(p, ui::win::Names));
     QCOMPARE(geo->findChild<QLabel*>("lblCitiesOnFile")->text(), QString("GA_MA.LL"));
 
     // Taking the focus is no pick: the home place stays in the input window.
@@ -279,7 +276,7 @@ void BirthDataWindowsTest::citiesPickAndEditor() {
 
     // The editor saves the text and Quit re-reads the list.
     Click(geo, "cmdEditList");
-    auto* editor = Win(p, "LongLat");
+    auto* editor = Win(p, ui::win::LongLat);
     QVERIFY(editor && editor->windowTitle().startsWith("Edit: "));
     editor->findChild<QPlainTextEdit*>("txtContent")
         ->setPlainText("Lagos,NG,03E24,06N27,-1\nBad,XX\n");
@@ -288,18 +285,18 @@ void BirthDataWindowsTest::citiesPickAndEditor() {
              std::string("Lagos,NG,03E24,06N27,-1\r\nBad,XX\r\n"));
     Click(editor, "btnQuit");
     QCoreApplication::processEvents();
-    geo = Win<ui::Geograph>(p, "Geograph");
+    geo = Win<ui::Geograph>(p, ui::win::Geograph);
     QCOMPARE(ListTexts(geo, "CitiesOnFile"), QStringList({"Lagos,NG"}));
-    QVERIFY(p.recorder.saw(CitiesFileLineError().text));
+    QVERIFY(p.dialogs->saw(CitiesFileLineError().text));
 }
 
 void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {
     StartedProgram p;
-    auto* input = Win<ui::InputD>(p, "InputD");
+    auto* input = Win<ui::InputD>(p, ui::win::InputD);
     input->move(100, 120);
     input->findChild<QLabel*>("Label1")->setFocus();
     QTest::mouseClick(input->findChild<QLabel*>("Label1"), Qt::LeftButton);
-    auto* tz = Win<ui::TimeZone>(p, "TimeZone");
+    auto* tz = Win<ui::TimeZone>(p, ui::win::TimeZone);
     QVERIFY(tz && tz->isVisible());
     QCOMPARE(tz->x(), input->frameGeometry().right() + 1);
 
@@ -314,43 +311,42 @@ void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {
     // OK unloads the list.
     Click(input, "cmdOK");
     QCoreApplication::processEvents();
-    QVERIFY(!Win(p, "TimeZone"));
+    QVERIFY(!Win(p, ui::win::TimeZone));
 }
 
 void BirthDataWindowsTest::makeNewNamesFile() {
     StartedProgram p;
     const fs::path made = p.dir.path() / "NEW.FIL";
     QString offered;
-    ui::SetNewNamesFileChooser([&](const QString& folder, QWidget*) {
+    p.dialogs->onNewNamesFile = [&](const QString& folder) {
         offered = folder;
         return QString::fromStdString(made.string());
-    });
+    };
     p.trigger("mnuFileNewFil");
-    ui::SetNewNamesFileChooser({});
     QCOMPARE(offered, QString::fromStdString(p.dir.path().string()));
     QCOMPARE(LoadNamesFile(made).records.size(), size_t(1));
-    QCOMPARE(p.session.NamesFilePath.filename().string(), std::string("NAMES.FIL"));
+    QCOMPARE(p.session.paths.NamesFilePath.filename().string(), std::string("NAMES.FIL"));
 
     // "Change List" opens it through the file selection.
-    ui::AppContext::setFileSink(
-        [&](const QString&, QWidget*) { return QString::fromStdString(made.string()); });
-    Click(Win(p, "Names"), "cmdNewFileList");
-    QCOMPARE(Win(p, "Names")->findChild<QLabel*>("lblNamesOnFile")->text(), QString("NEW.FIL"));
-    QCOMPARE(ListTexts(Win(p, "Names"), "NamesOnFile"), QStringList({"Example"}));
+    p.dialogs->onChooseFile = [&](const QString&) { return QString::fromStdString(made.string()); };
+    Click(Win(p, ui::win::Names), "cmdNewFileList");
+    QCOMPARE(Win(p, ui::win::Names)->findChild<QLabel*>("lblNamesOnFile")->text(),
+             QString("NEW.FIL"));
+    QCOMPARE(ListTexts(Win(p, ui::win::Names), "NamesOnFile"), QStringList({"Example"}));
 }
 
 void BirthDataWindowsTest::screenshots() {
     StartedProgram p;
-    Pick(Win(p, "Names"), "NamesOnFile", "Example");
-    test::SaveScreenshot(Win(p, "InputD"), "birthdata_InputD");
-    test::SaveScreenshot(Win(p, "Names"), "birthdata_Names");
-    QTest::mouseClick(Win(p, "InputD")->findChild<QLabel*>("Label1"), Qt::LeftButton);
-    test::SaveScreenshot(Win(p, "TimeZone"), "birthdata_TimeZone");
-    Click(Win(p, "Names"), "Command1");
+    Pick(Win(p, ui::win::Names), "NamesOnFile", "Example");
+    test::SaveScreenshot(Win(p, ui::win::InputD), "birthdata_InputD");
+    test::SaveScreenshot(Win(p, ui::win::Names), "birthdata_Names");
+    QTest::mouseClick(Win(p, ui::win::InputD)->findChild<QLabel*>("Label1"), Qt::LeftButton);
+    test::SaveScreenshot(Win(p, ui::win::TimeZone), "birthdata_TimeZone");
+    Click(Win(p, ui::win::Names), "Command1");
     QCoreApplication::processEvents();
-    test::SaveScreenshot(Win(p, "Geograph"), "birthdata_Geograph");
-    Click(Win(p, "Geograph"), "cmdEditList");
-    test::SaveScreenshot(Win(p, "LongLat"), "birthdata_LongLat");
+    test::SaveScreenshot(Win(p, ui::win::Geograph), "birthdata_Geograph");
+    Click(Win(p, ui::win::Geograph), "cmdEditList");
+    test::SaveScreenshot(Win(p, ui::win::LongLat), "birthdata_LongLat");
     QVERIFY(fs::exists(fs::path(KALTROVA_SCREENSHOTS) / "birthdata_LongLat.png"));
 }
 

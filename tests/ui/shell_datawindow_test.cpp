@@ -10,8 +10,8 @@
 #include <filesystem>
 
 #include "ShellUiSupport.h"
+#include "base/TextFile.h"
 #include "shell/DataFile.h"
-#include "shell/TextFile.h"
 #include "shell/ui/OutputD1.h"
 #include "shell/ui/PrntFile.h"
 
@@ -23,10 +23,6 @@ class DataWindowTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void cleanup() {
-        ui::OutputD1::setSaveAsChooser({});
-        ui::PrntFile::setPrinterSetup({});
-    }
     void saveWritesFormFeedsByOption45();
     void saveAsProposesTheFirstName();
     void emptyBufferMessagesClearAndEscape();
@@ -37,7 +33,7 @@ class DataWindowTest : public QObject {
 namespace {
 
 ui::OutputD1* DataWindow(StartedProgram& p) {
-    return p.ctx->windowAs<ui::OutputD1>("OutputD1");
+    return p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
 }
 
 QAction* DataAction(StartedProgram& p, const char* name) {
@@ -49,11 +45,11 @@ QAction* DataAction(StartedProgram& p, const char* name) {
 void DataWindowTest::saveWritesFormFeedsByOption45() {
     StartedProgram p;
     QVERIFY(p.calculate(test::kExampleRecord));
-    p.session.out.ClearAllLines();
-    for (int i = 1; i <= 100; ++i) p.session.out.Append("line " + std::to_string(i));
+    p.session.listing.out.ClearAllLines();
+    for (int i = 1; i <= 100; ++i) p.session.listing.out.Append("line " + std::to_string(i));
     p.session.options[45] = 60;
     const fs::path out = p.dir.path() / "saved.txt";
-    p.session.OutputFileName = out.string();
+    p.session.paths.OutputFileName = out.string();
     DataAction(p, "mnuFileSave")->trigger();
 
     std::string expected;
@@ -68,38 +64,39 @@ void DataWindowTest::saveAsProposesTheFirstName() {
     StartedProgram p;
     QVERIFY(p.calculate(test::kMaryRecord));
     QString folder, proposed;
-    ui::OutputD1::setSaveAsChooser([&](const QString& f, const QString& name) {
+    p.dialogs->onSaveAs = [&](const QString& f, const QString& name) {
         folder = f;
         proposed = name;
         return QString();
-    });
+    };
     // Save with no file name yet runs Save As; cancelling writes nothing.
     DataAction(p, "mnuFileSave")->trigger();
     QCOMPARE(proposed, QString("Mary.txt"));
     QCOMPARE(folder.toStdString(), p.dir.path().string());
-    QVERIFY(p.session.OutputFileName.empty());
+    QVERIFY(p.session.paths.OutputFileName.empty());
 
     const fs::path chosen = p.dir.path() / "Mary.txt";
-    ui::OutputD1::setSaveAsChooser(
-        [&](const QString&, const QString&) { return QString::fromStdString(chosen.string()); });
+    p.dialogs->onSaveAs = [&](const QString&, const QString&) {
+        return QString::fromStdString(chosen.string());
+    };
     DataAction(p, "mnuFileSaveAs")->trigger();
-    QCOMPARE(p.session.OutputFileName, chosen.string());
+    QCOMPARE(p.session.paths.OutputFileName, chosen.string());
     QCOMPARE(ReadFileBytes(chosen).value(),
-             SavedDataBytes(p.session.out.AllLines, p.session.options[45]));
+             SavedDataBytes(p.session.listing.out.AllLines, p.session.options[45]));
 }
 
 void DataWindowTest::emptyBufferMessagesClearAndEscape() {
     StartedProgram p;
     QVERIFY(p.calculate(test::kExampleRecord));
     const QString shown = DataWindow(p)->RichText1->toPlainText();
-    const size_t pageCount = p.session.out.PageCount();
+    const size_t pageCount = p.session.listing.out.PageCount();
 
     DataAction(p, "mnuClearBuffer")->trigger();
-    QCOMPARE(p.recorder.messages.back(),
+    QCOMPARE(p.dialogs->messages.back(),
              (Message{"All data cleared from buffer.", "Information!", Icon::Exclamation}));
-    QCOMPARE(p.session.out.AllCount(), size_t(0));
+    QCOMPARE(p.session.listing.out.AllCount(), size_t(0));
     // The page and the text stay, through Escape and a right click too.
-    QCOMPARE(p.session.out.PageCount(), pageCount);
+    QCOMPARE(p.session.listing.out.PageCount(), pageCount);
     auto* text = DataWindow(p)->RichText1;
     text->setFocus();
     QTest::keyClick(text, Qt::Key_Escape);
@@ -107,18 +104,18 @@ void DataWindowTest::emptyBufferMessagesClearAndEscape() {
     QCOMPARE(text->toPlainText(), shown);
 
     DataAction(p, "mnuFileSave")->trigger();
-    QCOMPARE(p.recorder.messages.back(),
+    QCOMPARE(p.dialogs->messages.back(),
              (Message{"No data to write to file.", "Information", Icon::Exclamation}));
     DataAction(p, "mnuPrintData")->trigger();
-    QCOMPARE(p.recorder.messages.back(),
+    QCOMPARE(p.dialogs->messages.back(),
              (Message{"No data to print.", "Information", Icon::Exclamation}));
 
     // Printing an empty page does nothing at all.
-    p.session.out.ClearDataPage();
-    const size_t before = p.recorder.messages.size();
+    p.session.listing.out.ClearDataPage();
+    const size_t before = p.dialogs->messages.size();
     DataAction(p, "mnuPrint")->trigger();
-    QCOMPARE(p.recorder.messages.size(), before);
-    QVERIFY(!p.ctx->window("PrntFile"));
+    QCOMPARE(p.dialogs->messages.size(), before);
+    QVERIFY(!p.ctx->window(ui::win::PrntFile));
 }
 
 void DataWindowTest::fontStepsAndMenuStates() {
@@ -130,30 +127,30 @@ void DataWindowTest::fontStepsAndMenuStates() {
 
     // Steps of half the wheel scale between 8 and 12; a step may end past
     // the bound but none starts beyond it.
-    p.session.settings.ListFontSize = 11.5;
+    p.ctx->display().settings.ListFontSize = 11.5;
     inc->trigger();
     QCOMPARE(data->RichText1->font().pointSizeF(), 12.25);
     QVERIFY(!inc->isEnabled() && dec->isEnabled());
     inc->trigger();
-    QCOMPARE(p.session.settings.ListFontSize, 12.25);
+    QCOMPARE(p.ctx->display().settings.ListFontSize, 12.25);
 
-    p.session.settings.ListFontSize = 8.75;
+    p.ctx->display().settings.ListFontSize = 8.75;
     dec->trigger();
-    QCOMPARE(p.session.settings.ListFontSize, 8.0);
+    QCOMPARE(p.ctx->display().settings.ListFontSize, 8.0);
     QVERIFY(!dec->isEnabled() && inc->isEnabled());
-    p.session.WheelScale = 1.2;
+    p.ctx->display().WheelScale = 1.2;
     inc->trigger();
-    QCOMPARE(p.session.settings.ListFontSize, 8.6);
+    QCOMPARE(p.ctx->display().settings.ListFontSize, 8.6);
 
     QAction* bold = DataAction(p, "mnuFontsBold");
     bold->trigger();
-    QCOMPARE(p.session.settings.ListFontBold, -1.0);
+    QCOMPARE(p.ctx->display().settings.ListFontBold, -1.0);
     QVERIFY(bold->isChecked() && data->RichText1->font().bold());
     bold->trigger();
-    QCOMPARE(p.session.settings.ListFontBold, 0.0);
+    QCOMPARE(p.ctx->display().settings.ListFontBold, 0.0);
     QVERIFY(!data->RichText1->font().bold());
     DataAction(p, "mnuFontsItalic")->trigger();
-    QCOMPARE(p.session.settings.ListFontItalic, -1.0);
+    QCOMPARE(p.ctx->display().settings.ListFontItalic, -1.0);
     QVERIFY(data->RichText1->font().italic());
 
     // The page is shown again after each step, in a fixed-pitch face.
@@ -184,46 +181,46 @@ void DataWindowTest::printPageAndDataThroughThePrintWindow() {
     }
 
     DataAction(p, "mnuPrint")->trigger();
-    auto* print = p.ctx->windowAs<ui::PrntFile>("PrntFile");
+    auto* print = p.ctx->windowAs<ui::PrntFile>(ui::win::PrntFile);
     QVERIFY(print && print->isVisible());
     QCOMPARE(print->windowTitle(), QString("Data To Be Printed"));
     auto* box = print->findChild<QPlainTextEdit*>("RichtxtContent");
     QVERIFY(box);
-    QCOMPARE(box->toPlainText(), QString::fromStdString(PageText(p.session.out, "\n")));
+    QCOMPARE(box->toPlainText(), QString::fromStdString(PageText(p.session.listing.out, "\n")));
     test::SaveScreenshot(print, "print_window");
 
     // Edit, print to a PDF file; the edited text goes back to the print file.
     box->moveCursor(QTextCursor::Start);
     box->insertPlainText("EDITED FIRST LINE\n\f\n");
     const QString pdf = QString::fromStdString((p.dir.path() / "printed.pdf").string());
-    ui::PrntFile::setPrinterSetup([&](QPrinter& printer, QWidget*) {
+    p.dialogs->onPrinter = [&](QPrinter& printer) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(pdf);
         return true;
-    });
+    };
     print->findChild<QPushButton*>("btnPrint")->click();
     QVERIFY(QFileInfo(pdf).size() > 1000);
     auto printed = ReadFileBytes(PrintFilePath(p.dir.path())).value();
     QVERIFY(printed.rfind("EDITED FIRST LINE\r\n\f\r\n", 0) == 0);
-    QTRY_VERIFY(!p.ctx->window("PrntFile"));
+    QTRY_VERIFY(!p.ctx->window(ui::win::PrntFile));
 
     // Cancel closes without printing.
     DataAction(p, "mnuPrint")->trigger();
-    print = p.ctx->windowAs<ui::PrntFile>("PrntFile");
+    print = p.ctx->windowAs<ui::PrntFile>(ui::win::PrntFile);
     QVERIFY(print);
     fs::remove(pdf.toStdString());
     print->findChild<QPushButton*>("btnCancel")->click();
     QVERIFY(!fs::exists(pdf.toStdString()));
-    QTRY_VERIFY(!p.ctx->window("PrntFile"));
+    QTRY_VERIFY(!p.ctx->window(ui::win::PrntFile));
 
     // Print data holds every line since the last clear. Over option 117
     // (80) but not 118 (100): the last long line decides the font class.
     p.session.options[117] = 80;
     p.session.options[118] = 100;
-    p.session.out.Append(std::string(120, 'x'));
-    p.session.out.Append(std::string(90, 'y'));
+    p.session.listing.out.Append(std::string(120, 'x'));
+    p.session.listing.out.Append(std::string(90, 'y'));
     DataAction(p, "mnuPrintData")->trigger();
-    print = p.ctx->windowAs<ui::PrntFile>("PrntFile");
+    print = p.ctx->windowAs<ui::PrntFile>(ui::win::PrntFile);
     QVERIFY(print);
     QCOMPARE(print->PrintWidthClass, 1);
     const QString text = print->findChild<QPlainTextEdit*>("RichtxtContent")->toPlainText();

@@ -9,12 +9,12 @@
 #include <filesystem>
 
 #include "ShellUiSupport.h"
+#include "base/TextFile.h"
 #include "periphery/ui/About.h"
-#include "periphery/ui/TITLE.h"
-#include "shell/TextFile.h"
 #include "shell/ui/Options.h"
 #include "shell/ui/SelectFIle.h"
 #include "shell/ui/StatusDlg.h"
+#include "shell/ui/TITLE.h"
 
 using namespace kal;
 using kal::test::StartedProgram;
@@ -34,48 +34,50 @@ class DialogsTest : public QObject {
 };
 
 void DialogsTest::contextOpensWindowsByName() {
-    test::MessageRecorder recorder;
     Session s;
-    ui::AppContext ctx(s);
+    test::RecordingDialogs* recorded = nullptr;
+    auto context = test::MakeContext(s, recorded);
+    ui::AppContext& ctx = *context;
+    const ui::WindowName probe{"Probe"};
     int made = 0;
-    ctx.registerWindow("Probe", [&](ui::AppContext&, QWidget* parent) {
+    ctx.registerWindow(probe, [&](ui::AppContext&, QWidget* parent) {
         ++made;
         return new QWidget(parent);
     });
 
     // Loaded once, shown, hidden, unloaded; a later show makes it afresh.
-    QWidget* w = ctx.showWindow("Probe");
+    QWidget* w = ctx.showWindow(probe);
     QVERIFY(w && w->isVisible() && w->isWindow());
     QCOMPARE(w->objectName(), QString("Probe"));
-    QCOMPARE(ctx.showWindow("Probe"), w);
-    ctx.hideWindow("Probe");
-    QVERIFY(!w->isVisible() && ctx.window("Probe") == w);
-    ctx.unloadWindow("Probe");
-    QVERIFY(!ctx.window("Probe"));
-    QVERIFY(ctx.showWindow("Probe") != nullptr);
+    QCOMPARE(ctx.showWindow(probe), w);
+    ctx.hideWindow(probe);
+    QVERIFY(!w->isVisible() && ctx.window(probe) == w);
+    ctx.unloadWindow(probe);
+    QVERIFY(!ctx.window(probe));
+    QVERIFY(ctx.showWindow(probe) != nullptr);
     QCOMPARE(made, 2);
 
     // Closing a window by its frame releases it.
-    ctx.window("Probe")->close();
-    QTRY_VERIFY(!ctx.window("Probe"));
+    ctx.window(probe)->close();
+    QTRY_VERIFY(!ctx.window(probe));
 
     // A window that does not exist says so, once, and nothing is loaded.
-    QVERIFY(!ctx.showWindow("Wheels", "Chartwheel"));
-    QCOMPARE(recorder.messages.size(), size_t(1));
-    QCOMPARE(recorder.messages[0],
+    QVERIFY(!ctx.showWindow(ui::win::Wheels, "Chartwheel"));
+    QCOMPARE(recorded->messages.size(), size_t(1));
+    QCOMPARE(recorded->messages[0],
              (Message{"Chartwheel is not available yet.", "Information", Icon::Information}));
-    ctx.runCommand("mnuReportNatal", "Natal Report");
-    QCOMPARE(recorder.messages.back().text, std::string("Natal Report is not available yet."));
+    ctx.runCommand(ui::cmd::ReportNatal, "Natal Report");
+    QCOMPARE(recorded->messages.back().text, std::string("Natal Report is not available yet."));
     int ran = 0;
-    ctx.registerCommand("mnuReportNatal", [&](ui::AppContext&) { ++ran; });
-    ctx.runCommand("mnuReportNatal", "Natal Report");
+    ctx.registerCommand(ui::cmd::ReportNatal, [&](ui::AppContext&) { ++ran; });
+    ctx.runCommand(ui::cmd::ReportNatal, "Natal Report");
     QCOMPARE(ran, 1);
 }
 
 void DialogsTest::optionsSaveRereadsAndRestores() {
     StartedProgram p;
     p.trigger("mnuOptionOptionSettings");
-    auto* w = p.ctx->windowAs<ui::Options>("Options");
+    auto* w = p.ctx->windowAs<ui::Options>(ui::win::Options);
     QVERIFY(w);
     QCOMPARE(w->windowTitle(), QString("Edit: OPTIONS.OPT"));
     auto* box = w->findChild<QPlainTextEdit*>("txtContent");
@@ -104,7 +106,7 @@ void DialogsTest::optionsSaveRereadsAndRestores() {
     QCOMPARE(p.session.options[45], 20.0f);
 
     w->findChild<QPushButton*>("btnQuit")->click();
-    QTRY_VERIFY(!p.ctx->window("Options"));
+    QTRY_VERIFY(!p.ctx->window(ui::win::Options));
 }
 
 void DialogsTest::optionsRestoreWithoutMaster() {
@@ -113,11 +115,11 @@ void DialogsTest::optionsRestoreWithoutMaster() {
         d.Write("OPTIONS.OPT", "1 only line\r\n");
     });
     p.trigger("mnuOptionOptionSettings");
-    auto* w = p.ctx->windowAs<ui::Options>("Options");
+    auto* w = p.ctx->windowAs<ui::Options>(ui::win::Options);
     QVERIFY(w);
     w->findChild<QPlainTextEdit*>("txtContent")->setPlainText("edited\n");
     w->findChild<QPushButton*>("cmdRestoreDefault")->click();
-    QCOMPARE(p.recorder.messages.back(),
+    QCOMPARE(p.dialogs->messages.back(),
              (Message{"Error in operation. Cannot do what is requested.", "Warning!",
                       Icon::Information}));
     QCOMPARE(w->findChild<QPlainTextEdit*>("txtContent")->toPlainText(), QString("edited\n"));
@@ -129,7 +131,7 @@ void DialogsTest::selectFileFiltersAndReturnsThePath() {
     dir.Write("FRIENDS.FIL", "x\r\n");
     dir.Write("lower.fil", "x\r\n");
     Session s;
-    s.AppPath = dir.path();
+    s.paths.AppPath = dir.path();
     ui::AppContext ctx(s);
     bool emptied = false;
     QObject::connect(&ctx, &ui::AppContext::selectionListsEmptied, [&] { emptied = true; });

@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "ShellUiSupport.h"
-#include "shell/TextFile.h"
+#include "base/TextFile.h"
 #include "shell/ui/OutputD1.h"
 
 using namespace kal;
@@ -45,8 +45,8 @@ void MainWindowTest::startupMakesFoldersAndTheFullMenu() {
     });
     for (const char* dir : {"ephems", "reports", "n_report"})
         QVERIFY(fs::is_directory(p.dir.path() / dir));
-    QCOMPARE(p.session.WheelScreenW, 1024.0);
-    QCOMPARE(p.session.WheelScale, 1.5);
+    QCOMPARE(p.ctx->display().WheelScreenW, 1024.0);
+    QCOMPARE(p.ctx->display().WheelScale, 1.5);
 
     // Every item of the menu table under its name and caption.
     // clang-format off
@@ -100,20 +100,21 @@ void MainWindowTest::calculationEnablesChartItemsAndListingsShowPages() {
     QVERIFY(p.calculate(test::kExampleRecord));
     for (const char* name : kChartItems) QVERIFY2(p.action(name)->isEnabled(), name);
 
-    auto* data = p.ctx->windowAs<ui::OutputD1>("OutputD1");
+    auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
     QVERIFY(data && data->isVisible());
     QCOMPARE(data->windowTitle(), QString("Kaltrova (Tropical zodiac) - Data"));
-    QCOMPARE(data->RichText1->toPlainText(), QString::fromStdString(PageText(p.session.out, "\n")));
+    QCOMPARE(data->RichText1->toPlainText(),
+             QString::fromStdString(PageText(p.session.listing.out, "\n")));
     QVERIFY(data->RichText1->toPlainText().startsWith(QString(80, '-')));
 
     // Each listing replaces the page with its own, which is also the page file.
     QStringList pages;
     for (const char* item : {"mnuDataNatalData", "mnuDataNatalAspects", "mnuDataCosmicState",
                              "mnuData_KaltrovalFactors"}) {
-        p.recorder.messages.clear();
+        p.dialogs->messages.clear();
         data->RichText1->clear();
         p.trigger(item);
-        QVERIFY2(p.recorder.messages.empty(), item);
+        QVERIFY2(p.dialogs->messages.empty(), item);
         const QString shown = data->RichText1->toPlainText();
         QVERIFY2(shown.contains("12 May 1959"), item);
         QCOMPARE(PageFileText(p), shown);
@@ -121,7 +122,7 @@ void MainWindowTest::calculationEnablesChartItemsAndListingsShowPages() {
         pages << shown;
     }
     // The listings pile up in the buffer.
-    QVERIFY(p.session.out.AllCount() > size_t(pages.join('\n').count('\n')));
+    QVERIFY(p.session.listing.out.AllCount() > size_t(pages.join('\n').count('\n')));
 }
 
 void MainWindowTest::houseSystemsFromOption27AndToggles() {
@@ -136,19 +137,19 @@ void MainWindowTest::houseSystemsFromOption27AndToggles() {
     }
     StartedProgram p;
     QVERIFY(p.calculate(test::kExampleRecord));
-    QCOMPARE(p.session.chart.HouseSystem, std::string("P"));
-    p.session.out.Append("kept since the last clear");
+    QCOMPARE(p.session.calc.chart.HouseSystem, 'P');
+    p.session.listing.out.Append("kept since the last clear");
 
     // A toggle inverts only its own check and recalculates on a cleared buffer.
     p.trigger("mnuHouseKoch");
     QVERIFY(p.action("mnuHousePlacidus")->isChecked());
     QVERIFY(p.action("mnuHouseKoch")->isChecked());
-    QCOMPARE(p.session.chart.HouseSystem, std::string("K"));
-    for (const auto& l : p.session.out.AllLines) QVERIFY(l != "kept since the last clear");
+    QCOMPARE(p.session.calc.chart.HouseSystem, 'K');
+    for (const auto& l : p.session.listing.out.AllLines) QVERIFY(l != "kept since the last clear");
 
     p.trigger("mnuHouseKoch");
     QVERIFY(!p.action("mnuHouseKoch")->isChecked());
-    QCOMPARE(p.session.chart.HouseSystem, std::string("P"));
+    QCOMPARE(p.session.calc.chart.HouseSystem, 'P');
 }
 
 void MainWindowTest::fileChecksAndHelpTexts() {
@@ -157,24 +158,24 @@ void MainWindowTest::fileChecksAndHelpTexts() {
         d.Write("OUTPUTD1.HLP", "THE DATA WINDOW\r\n  Save writes all data.\r\n");
     });
     p.trigger("mnuHeader");
-    QCOMPARE(p.recorder.messages.back().text, std::string("PERSONAL.NAM file Not Found"));
-    QCOMPARE(p.recorder.messages.back().caption, std::string("Warning!"));
+    QCOMPARE(p.dialogs->messages.back().text, std::string("PERSONAL.NAM file Not Found"));
+    QCOMPARE(p.dialogs->messages.back().caption, std::string("Warning!"));
 
     p.trigger("mnuOptionOptionSettings");
-    QVERIFY(p.ctx->window("Options") && p.ctx->window("Options")->isVisible());
-    p.ctx->unloadWindow("Options");
+    QVERIFY(p.ctx->window(ui::win::Options) && p.ctx->window(ui::win::Options)->isVisible());
+    p.ctx->unloadWindow(ui::win::Options);
     fs::remove(p.dir.path() / "OPTIONS.OPT");
-    p.recorder.messages.clear();
+    p.dialogs->messages.clear();
     p.trigger("mnuOptionOptionSettings");
-    QCOMPARE(p.recorder.messages.size(), size_t(1));
-    QCOMPARE(p.recorder.messages[0].text, std::string("File Not Found"));
-    QCOMPARE(p.recorder.messages[0].caption, std::string("Warning!"));
-    QVERIFY(!p.ctx->window("Options"));
+    QCOMPARE(p.dialogs->messages.size(), size_t(1));
+    QCOMPARE(p.dialogs->messages[0].text, std::string("File Not Found"));
+    QCOMPARE(p.dialogs->messages[0].caption, std::string("Warning!"));
+    QVERIFY(!p.ctx->window(ui::win::Options));
 
     // Help texts go to the data window: the file's lines, the blank line
     // after them, the page's closing blank line and its spare element.
     p.trigger("mnuHelpOutputD1");
-    auto* data = p.ctx->windowAs<ui::OutputD1>("OutputD1");
+    auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
     QVERIFY(data);
     const QString expected = "THE DATA WINDOW\n  Save writes all data.\n\n\n\n";
     QCOMPARE(data->RichText1->toPlainText(), expected);
@@ -184,10 +185,10 @@ void MainWindowTest::fileChecksAndHelpTexts() {
 
     // A missing help file is reported and the window keeps its text.
     fs::remove(FindFile(p.dir.path(), "REVISION.HLP"));
-    p.recorder.messages.clear();
+    p.dialogs->messages.clear();
     p.trigger("mnuHelpRevisions");
-    QCOMPARE(p.recorder.messages.size(), size_t(1));
-    QCOMPARE(p.recorder.messages[0].text,
+    QCOMPARE(p.dialogs->messages.size(), size_t(1));
+    QCOMPARE(p.dialogs->messages[0].text,
              "Cannot find the file called " + (p.dir.path() / "REVISION.HLP").string() + ".");
     QCOMPARE(data->RichText1->toPlainText(), expected);
 }
@@ -199,7 +200,7 @@ void MainWindowTest::settingsFileAfterARun() {
         const fs::path ini = p.dir.path() / "Kaltrova.INI";
         QVERIFY(!fs::exists(ini));
         QVERIFY(p.calculate(test::kExampleRecord));
-        auto* data = p.ctx->windowAs<ui::OutputD1>("OutputD1");
+        auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
         data->move(30, 120);
         data->resize(500, 400);
         data->findChild<QAction*>("mnuFontsIncrease")->trigger();
@@ -226,7 +227,7 @@ void MainWindowTest::settingsFileAfterARun() {
                       fs::copy_options::overwrite_existing);
     });
     QVERIFY(again.calculate(test::kExampleRecord));
-    auto* data = again.ctx->windowAs<ui::OutputD1>("OutputD1");
+    auto* data = again.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
     QCOMPARE(data->width(), 500);
     QCOMPARE(data->RichText1->font().pointSizeF(), 9.25);
     QVERIFY(data->RichText1->font().bold());

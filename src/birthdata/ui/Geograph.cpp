@@ -63,30 +63,30 @@ void Geograph::CitiesOnFile_Click() {
     if (!item) return;
     const int i = FindPlace(places_, item->text().toStdString());
     if (i < 0) return;
-    auto* input = qobject_cast<InputD*>(ctx_.loadWindow("InputD"));
-    InputFields in = input ? input->fields() : ctx_.session().input;
+    auto* input = qobject_cast<InputD*>(ctx_.loadWindow(win::InputD));
+    InputFields in = input ? input->fields() : ctx_.session().calc.input;
     auto err = TransferPlace(places_[static_cast<size_t>(i)], in);
     if (input) input->setFields(in);
-    ctx_.session().input = in;
+    ctx_.session().calc.input = in;
     if (err) ctx_.showMessage(*err, this);
 }
 
 void Geograph::cmdNewFileList_Click() {
     QString file = ctx_.selectFile("*.LL", this);
     if (file.isEmpty()) return;
-    ctx_.session().CitiesFilePath = file.toStdString();
+    ctx_.session().paths.CitiesFilePath = file.toStdString();
     LoadCitiesList();
     ShowListFileName();
 }
 
 void Geograph::cmdEditList_Click() {
-    ctx_.showWindow("LongLat");
+    ctx_.showWindow(win::LongLat);
 }
 
 void Geograph::Command1_Click() {
-    ctx_.unloadWindow("Geograph");
-    ctx_.unloadWindow("Names");
-    ctx_.showWindow("Names");
+    ctx_.unloadWindow(win::Geograph);
+    ctx_.unloadWindow(win::Names);
+    ctx_.showWindow(win::Names);
 }
 
 } // namespace kal::ui

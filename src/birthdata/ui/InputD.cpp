@@ -62,7 +62,7 @@ InputD::InputD(AppContext& ctx, QWidget* parent)
     label1_->setCursor(Qt::PointingHandCursor);
     label1_->setToolTip("Click for the list of time zones");
     label1_->installEventFilter(this);
-    cmdACS_Atlas_->setVisible(ctx_.session().AtlasAvailable == 1);
+    cmdACS_Atlas_->setVisible(ctx_.session().paths.AtlasAvailable);
 
     connect(ui->cmdNow, &QPushButton::clicked, this, &InputD::cmdNow_Click);
     connect(ui->cmdOK, &QPushButton::clicked, this, &InputD::cmdOK_Click);
@@ -126,14 +126,14 @@ void InputD::setFields(const InputFields& in) {
 void InputD::fillNow(const std::tm& now) {
     InputFields in = fields();
     const Session& s = ctx_.session();
-    FillNow(in, now, s.TimeFormat, s.options);
+    FillNow(in, now, s.regional.TimeFormat, s.options);
     setFields(in);
 }
 
 void InputD::refreshNowDateTime(const std::tm& now) {
     if (txtName_->text() != "Now") return;
     InputFields in = fields();
-    FillNowDateTime(in, now, ctx_.session().TimeFormat);
+    FillNowDateTime(in, now, ctx_.session().regional.TimeFormat);
     setFields(in);
 }
 
@@ -142,14 +142,9 @@ void InputD::cmdNow_Click() {
 }
 
 void InputD::cmdOK_Click() {
-    for (const char* name : {"InputD", "Names", "Geograph"}) ctx_.hideWindow(name);
-    for (const char* name : {"TimeZone", "frmTip"}) ctx_.unloadWindow(name);
-    Session& s = ctx_.session();
-    s.out.ClearAllLines();
-    s.out.ClearDataPage();
-    s.UpdateMode = 0;
-    s.input = fields();
-    ctx_.calcChart(this);
+    for (WindowName w : {win::InputD, win::Names, win::Geograph}) ctx_.hideWindow(w);
+    for (WindowName w : {win::TimeZone, win::frmTip}) ctx_.unloadWindow(w);
+    ctx_.calculate(fields(), this);
 }
 
 void InputD::cmdSave_Click() {
@@ -160,28 +155,28 @@ void InputD::cmdSave_Click() {
     }
     QString target = ctx_.selectFile("*.FIL", this);
     if (target.isEmpty()) return;
-    SaveResult res = SaveInputRecord(in, ctx_.session().DateOrder, ctx_.session().AppPath,
-                                     target.toStdString(), [this](const BirthRecord& existing) {
-                                         return ctx_.ask(DuplicateQuestion(existing),
-                                                         QMessageBox::Yes | QMessageBox::No,
-                                                         this) == QMessageBox::Yes;
-                                     });
+    SaveResult res = SaveInputRecord(
+        in, ctx_.session().regional.DateOrder, ctx_.session().paths.AppPath, target.toStdString(),
+        [this](const BirthRecord& existing) {
+            return ctx_.ask(DuplicateQuestion(existing), QMessageBox::Yes | QMessageBox::No,
+                            this) == QMessageBox::Yes;
+        });
     ctx_.showMessages(res.messages, this);
     if (!res.saved) return;
     BirthDataState::flags(ctx_).KeepInputOnReload = 1;
-    ctx_.unloadWindow("Names");
-    ctx_.showWindow("Names");
+    ctx_.unloadWindow(win::Names);
+    ctx_.showWindow(win::Names);
 }
 
 void InputD::cmdACS_Atlas_Click() {
     // The atlas lookup is offered only where an atlas is installed.
-    if (ctx_.session().AtlasAvailable != 1) return;
-    ctx_.showWindow("ACS_Atlas", "ACS Atlas");
+    if (!ctx_.session().paths.AtlasAvailable) return;
+    ctx_.showWindow(win::ACS_Atlas, "ACS Atlas");
 }
 
 void InputD::Label1_Click() {
-    ctx_.unloadWindow("TimeZone");
-    QWidget* tz = ctx_.loadWindow("TimeZone");
+    ctx_.unloadWindow(win::TimeZone);
+    QWidget* tz = ctx_.loadWindow(win::TimeZone);
     if (!tz) {
         ctx_.notAvailable("The time-zone list", this);
         return;
@@ -277,7 +272,7 @@ void InputD::showEvent(QShowEvent* event) {
     if (!firstShow_) return;
     firstShow_ = false;
     // Form_Load shows the names window beside this one.
-    if (QWidget* names = ctx_.loadWindow("Names")) {
+    if (QWidget* names = ctx_.loadWindow(win::Names)) {
         names->move(frameGeometry().right() + 1, y());
         names->show();
     }

@@ -9,7 +9,7 @@
 #include <set>
 #include <vector>
 
-#include "birthdata/InputFields.h"
+#include "chart/InputFields.h"
 
 class QLabel;
 class QLineEdit;

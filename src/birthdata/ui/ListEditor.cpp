@@ -8,19 +8,19 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/TextFile.h"
 #include "birthdata/ui/BirthDataState.h"
 #include "birthdata/ui/Paths.h"
 #include "shell/EditorFile.h"
-#include "shell/TextFile.h"
 #include "shell/ui/AppContext.h"
 
 namespace kal::ui {
 
-ListEditor::ListEditor(AppContext& ctx, const std::filesystem::path& file, QString listWindow,
-                       QString editorName, QWidget* parent)
-    : QWidget(parent, Qt::Window), ctx_(ctx), file_(file), listWindow_(std::move(listWindow)),
-      editorName_(std::move(editorName)) {
-    setObjectName(editorName_);
+ListEditor::ListEditor(AppContext& ctx, const std::filesystem::path& file, WindowName listWindow,
+                       WindowName editorName, QWidget* parent)
+    : QWidget(parent, Qt::Window), ctx_(ctx), file_(file), listWindow_(listWindow),
+      editorName_(editorName) {
+    setObjectName(editorName_.text());
     setWindowTitle("Edit: " + QString::fromStdString(file_.string()));
     auto* lay = new QVBoxLayout(this);
     txtContent_ = new QPlainTextEdit(this);
@@ -70,13 +70,13 @@ void ListEditor::btnQuit_Click() {
 }
 
 NameEdit::NameEdit(AppContext& ctx, QWidget* parent)
-    : ListEditor(ctx, NamesFile(ctx), "Names", "NameEdit", parent) {}
+    : ListEditor(ctx, NamesFile(ctx), win::Names, win::NameEdit, parent) {}
 
 void NameEdit::saved() {
     BirthDataState::flags(ctx_).KeepInputOnReload = 0;
 }
 
 LongLat::LongLat(AppContext& ctx, QWidget* parent)
-    : ListEditor(ctx, CitiesFile(ctx), "Geograph", "LongLat", parent) {}
+    : ListEditor(ctx, CitiesFile(ctx), win::Geograph, win::LongLat, parent) {}
 
 } // namespace kal::ui

@@ -7,6 +7,8 @@
 
 #include <filesystem>
 
+#include "shell/ui/WindowNames.h"
+
 class QPlainTextEdit;
 class QPushButton;
 
@@ -18,8 +20,8 @@ class ListEditor : public QWidget {
     Q_OBJECT
 
   public:
-    ListEditor(AppContext& ctx, const std::filesystem::path& file, QString listWindow,
-               QString editorName, QWidget* parent);
+    ListEditor(AppContext& ctx, const std::filesystem::path& file, WindowName listWindow,
+               WindowName editorName, QWidget* parent);
 
   public slots:
     void btnSave_Click();
@@ -32,7 +34,7 @@ class ListEditor : public QWidget {
 
   private:
     std::filesystem::path file_;
-    QString listWindow_, editorName_;
+    WindowName listWindow_, editorName_;
     QPlainTextEdit* txtContent_ = nullptr;
 };
 

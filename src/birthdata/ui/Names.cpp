@@ -95,11 +95,12 @@ void Names::transfer() {
     if (Check1_->isChecked()) st.LockedIndex = static_cast<short>(NamesOnFile_->currentRow());
     st.CurrentRecord = static_cast<short>(i);
 
-    auto* input = qobject_cast<InputD*>(ctx_.loadWindow("InputD"));
-    InputFields in = input ? input->fields() : ctx_.session().input;
-    auto err = TransferRecord(records_[static_cast<size_t>(i)], ctx_.session().DateOrder, in);
+    auto* input = qobject_cast<InputD*>(ctx_.loadWindow(win::InputD));
+    InputFields in = input ? input->fields() : ctx_.session().calc.input;
+    auto err =
+        TransferRecord(records_[static_cast<size_t>(i)], ctx_.session().regional.DateOrder, in);
     if (input) input->setFields(in);
-    ctx_.session().input = in;
+    ctx_.session().calc.input = in;
     if (err) ctx_.showMessage(*err, this);
 }
 
@@ -110,15 +111,10 @@ void Names::NamesOnFile_Click() {
 void Names::NamesOnFile_DblClick() {
     BirthDataState::flags(ctx_).KeepInputOnReload = 0;
     transfer();
-    auto* input = qobject_cast<InputD*>(ctx_.window("InputD"));
-    ctx_.unloadWindow("Names");
+    auto* input = qobject_cast<InputD*>(ctx_.window(win::InputD));
+    ctx_.unloadWindow(win::Names);
     if (input) input->setFocus();
-    Session& s = ctx_.session();
-    s.out.ClearAllLines();
-    s.out.ClearDataPage();
-    s.UpdateMode = 0;
-    if (input) s.input = input->fields();
-    ctx_.calcChart(input);
+    ctx_.calculate(input ? input->fields() : ctx_.session().calc.input, input);
 }
 
 void Names::Check1_Click() {
@@ -137,20 +133,20 @@ void Names::cmdNewFileList_Click() {
     if (file.isEmpty()) return;
     NamesListState& st = BirthDataState::flags(ctx_);
     st.KeepInputOnReload = 0;
-    ctx_.session().NamesFilePath = file.toStdString();
+    ctx_.session().paths.NamesFilePath = file.toStdString();
     st.LockedIndex = 0;
     ShowListFileName();
     LoadNamesList();
 }
 
 void Names::cmdEditList_Click() {
-    ctx_.showWindow("NameEdit");
+    ctx_.showWindow(win::NameEdit);
 }
 
 void Names::Command1_Click() {
-    ctx_.unloadWindow("Names");
-    ctx_.unloadWindow("Geograph");
-    ctx_.showWindow("Geograph");
+    ctx_.unloadWindow(win::Names);
+    ctx_.unloadWindow(win::Geograph);
+    ctx_.showWindow(win::Geograph);
 }
 
 } // namespace kal::ui

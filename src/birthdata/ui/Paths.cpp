@@ -1,20 +1,22 @@
 #include "birthdata/ui/Paths.h"
 
-#include "shell/TextFile.h"
+#include "base/TextFile.h"
 #include "shell/ui/AppContext.h"
 
 namespace kal::ui {
 
 std::filesystem::path NamesFile(AppContext& ctx) {
     Session& s = ctx.session();
-    if (s.NamesFilePath.empty()) s.NamesFilePath = FindFile(s.AppPath, "NAMES.FIL");
-    return s.NamesFilePath;
+    if (s.paths.NamesFilePath.empty())
+        s.paths.NamesFilePath = FindFile(s.paths.AppPath, "NAMES.FIL");
+    return s.paths.NamesFilePath;
 }
 
 std::filesystem::path CitiesFile(AppContext& ctx) {
     Session& s = ctx.session();
-    if (s.CitiesFilePath.empty()) s.CitiesFilePath = FindFile(s.AppPath, "GA_MA.LL");
-    return s.CitiesFilePath;
+    if (s.paths.CitiesFilePath.empty())
+        s.paths.CitiesFilePath = FindFile(s.paths.AppPath, "GA_MA.LL");
+    return s.paths.CitiesFilePath;
 }
 
 QString ListFileLabel(const std::filesystem::path& file) {

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/TextFile.h"
 #include "birthdata/ui/InputD.h"
-#include "shell/TextFile.h"
 #include "shell/ui/AppContext.h"
 
 namespace kal::ui {
@@ -27,7 +27,7 @@ TimeZone::TimeZone(AppContext& ctx, QWidget* parent)
 
     // Form_Load.
     lstTimeZones_->setUpdatesEnabled(false);
-    zones_ = LoadZoneTable(FindFile(ctx_.session().AppPath, "TZ.DAT"));
+    zones_ = LoadZoneTable(FindFile(ctx_.session().paths.AppPath, "TZ.DAT"));
     for (size_t i = 0; i < zones_.ZoneName.size(); ++i)
         lstTimeZones_->addItem(QString::fromStdString(
             ZoneListLine(zones_.ZoneName[i], zones_.ZoneCode[i], zones_.ZoneOffset[i])));
@@ -45,18 +45,18 @@ TimeZone::~TimeZone() = default;
 void TimeZone::lstTimeZones_Click() {
     QListWidgetItem* item = lstTimeZones_->currentItem();
     if (!item) return;
-    auto* input = qobject_cast<InputD*>(ctx_.loadWindow("InputD"));
-    InputFields in = input ? input->fields() : ctx_.session().input;
+    auto* input = qobject_cast<InputD*>(ctx_.loadWindow(win::InputD));
+    InputFields in = input ? input->fields() : ctx_.session().calc.input;
     if (auto err = ApplyZone(zones_, item->text().toStdString(), in)) {
         ctx_.showMessage(*err, this);
         return;
     }
     if (input) input->setFields(in);
-    ctx_.session().input = in;
+    ctx_.session().calc.input = in;
 }
 
 void TimeZone::Command1_Click() {
-    ctx_.unloadWindow("TimeZone");
+    ctx_.unloadWindow(win::TimeZone);
 }
 
 } // namespace kal::ui

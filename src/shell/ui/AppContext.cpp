@@ -1,27 +1,12 @@
 #include "shell/ui/AppContext.h"
 
 #include <QApplication>
-#include <QGuiApplication>
 
 #include "shell/ui/OutputD1.h"
-#include "shell/ui/SelectFIle.h"
 
 namespace kal::ui {
 
 namespace {
-
-AppContext::MessageSink& messageSink() {
-    static AppContext::MessageSink sink;
-    return sink;
-}
-AppContext::QuestionSink& questionSink() {
-    static AppContext::QuestionSink sink;
-    return sink;
-}
-AppContext::FileSink& fileSink() {
-    static AppContext::FileSink sink;
-    return sink;
-}
 
 // The hourglass pointer for the life of a command.
 struct WaitCursor {
@@ -31,51 +16,23 @@ struct WaitCursor {
 
 } // namespace
 
-QMessageBox::Icon ToQtIcon(Icon icon) {
-    switch (icon) {
-    case Icon::Exclamation:
-        return QMessageBox::Warning;
-    case Icon::Critical:
-        return QMessageBox::Critical;
-    case Icon::Question:
-        return QMessageBox::Question;
-    case Icon::Information:
-        break;
-    }
-    return QMessageBox::Information;
-}
-
-void ShowMessageBox(const Message& m, QWidget* parent) {
-    QMessageBox box(ToQtIcon(m.icon), QString::fromStdString(m.caption),
-                    QString::fromStdString(m.text), QMessageBox::Ok, parent);
-    box.exec();
-}
-
-AppContext::AppContext(Session& session, QObject* parent) : QObject(parent), session_(session) {}
+AppContext::AppContext(Session& session, QObject* parent)
+    : QObject(parent), session_(session), dialogs_(std::make_unique<QtDialogs>()) {}
 
 AppContext::~AppContext() {
     for (auto& [name, w] : windows_)
         if (w) delete w.data();
 }
 
-void AppContext::setMessageSink(MessageSink sink) {
-    messageSink() = std::move(sink);
-}
-void AppContext::setQuestionSink(QuestionSink sink) {
-    questionSink() = std::move(sink);
-}
-void AppContext::setFileSink(FileSink sink) {
-    fileSink() = std::move(sink);
+void AppContext::setDialogs(std::unique_ptr<Dialogs> dialogs) {
+    dialogs_ = std::move(dialogs);
 }
 
 void AppContext::showMessage(const Message& m, QWidget* parent) {
     // A message box never sits under an hourglass.
     bool waiting = QApplication::overrideCursor() != nullptr;
     if (waiting) QApplication::setOverrideCursor(Qt::ArrowCursor);
-    if (messageSink())
-        messageSink()(m, parent);
-    else
-        ShowMessageBox(m, parent ? parent : mainWindow_.data());
+    dialogs_->message(m, parent ? parent : mainWindow_.data());
     if (waiting) QApplication::restoreOverrideCursor();
 }
 
@@ -85,10 +42,7 @@ void AppContext::showMessages(const Messages& ms, QWidget* parent) {
 
 QMessageBox::StandardButton AppContext::ask(const Message& m, QMessageBox::StandardButtons buttons,
                                             QWidget* parent) {
-    if (questionSink()) return questionSink()(m, buttons, parent);
-    QMessageBox box(ToQtIcon(m.icon), QString::fromStdString(m.caption),
-                    QString::fromStdString(m.text), buttons, parent ? parent : mainWindow_.data());
-    return static_cast<QMessageBox::StandardButton>(box.exec());
+    return dialogs_->question(m, buttons, parent ? parent : mainWindow_.data());
 }
 
 Message AppContext::NotAvailableMessage(const QString& what) {
@@ -100,27 +54,23 @@ void AppContext::notAvailable(const QString& what, QWidget* parent) {
 }
 
 QString AppContext::selectFile(const QString& pattern, QWidget* parent) {
-    if (fileSink()) return fileSink()(pattern, parent);
-    SelectFIle dlg(*this, parent ? parent : mainWindow_.data());
-    dlg.setPattern(pattern);
-    dlg.exec();
-    return dlg.SelectedFile();
+    return dialogs_->chooseFile(*this, pattern, parent ? parent : mainWindow_.data());
 }
 
-void AppContext::registerWindow(const QString& name, WindowFactory factory) {
+void AppContext::registerWindow(WindowName name, WindowFactory factory) {
     factories_[name] = std::move(factory);
 }
 
-bool AppContext::isRegistered(const QString& name) const {
+bool AppContext::isRegistered(WindowName name) const {
     return factories_.count(name) != 0;
 }
 
-QWidget* AppContext::window(const QString& name) const {
+QWidget* AppContext::window(WindowName name) const {
     auto it = windows_.find(name);
     return it == windows_.end() ? nullptr : it->second.data();
 }
 
-QWidget* AppContext::loadWindow(const QString& name) {
+QWidget* AppContext::loadWindow(WindowName name) {
     if (QWidget* w = window(name)) return w;
     auto f = factories_.find(name);
     if (f == factories_.end()) return nullptr;
@@ -128,7 +78,7 @@ QWidget* AppContext::loadWindow(const QString& name) {
     if (!w) return nullptr;
     if (!w->isWindow()) w->setWindowFlag(Qt::Window, true);
     w->setAttribute(Qt::WA_DeleteOnClose, true);
-    if (w->objectName().isEmpty()) w->setObjectName(name);
+    if (w->objectName().isEmpty()) w->setObjectName(name.text());
     // A window without a place of its own opens below the main strip, not
     // over its menu.
     if (mainWindow_ && w->pos() == QPoint(0, 0))
@@ -138,10 +88,10 @@ QWidget* AppContext::loadWindow(const QString& name) {
     return w;
 }
 
-QWidget* AppContext::showWindow(const QString& name, const QString& what) {
+QWidget* AppContext::showWindow(WindowName name, const QString& what) {
     QWidget* w = loadWindow(name);
     if (!w) {
-        notAvailable(what.isEmpty() ? name : what);
+        notAvailable(what.isEmpty() ? name.text() : what);
         return nullptr;
     }
     if (w->isMinimized()) w->showNormal();
@@ -151,11 +101,11 @@ QWidget* AppContext::showWindow(const QString& name, const QString& what) {
     return w;
 }
 
-void AppContext::hideWindow(const QString& name) {
+void AppContext::hideWindow(WindowName name) {
     if (QWidget* w = window(name)) w->hide();
 }
 
-void AppContext::unloadWindow(const QString& name) {
+void AppContext::unloadWindow(WindowName name) {
     auto it = windows_.find(name);
     if (it == windows_.end()) return;
     QPointer<QWidget> w = it->second;
@@ -169,15 +119,15 @@ void AppContext::unloadWindow(const QString& name) {
     w->deleteLater();
 }
 
-void AppContext::registerCommand(const QString& name, std::function<void(AppContext&)> command) {
+void AppContext::registerCommand(CommandName name, Command command) {
     commands_[name] = std::move(command);
 }
 
-bool AppContext::hasCommand(const QString& name) const {
+bool AppContext::hasCommand(CommandName name) const {
     return commands_.count(name) != 0;
 }
 
-void AppContext::runCommand(const QString& name, const QString& what) {
+void AppContext::runCommand(CommandName name, const QString& what) {
     auto it = commands_.find(name);
     if (it == commands_.end()) {
         notAvailable(what);
@@ -186,7 +136,12 @@ void AppContext::runCommand(const QString& name, const QString& what) {
     it->second(*this);
 }
 
-void AppContext::addTitleTask(std::function<void(AppContext&)> task) {
+void AppContext::runCommandIfAny(CommandName name) {
+    auto it = commands_.find(name);
+    if (it != commands_.end()) it->second(*this);
+}
+
+void AppContext::addTitleTask(Command task) {
     titleTasks_.push_back(std::move(task));
 }
 
@@ -194,9 +149,19 @@ void AppContext::runTitleTasks() {
     for (auto& task : titleTasks_) task(*this);
 }
 
+void AppContext::setInputSource(std::function<std::optional<InputFields>()> source) {
+    inputSource_ = std::move(source);
+}
+
+InputFields AppContext::currentInput() const {
+    if (inputSource_)
+        if (auto in = inputSource_()) return *in;
+    return session_.calc.input;
+}
+
 void AppContext::showDataPage() {
-    if (session_.DataWindowMinimised || session_.out.AllCount() == 0) return;
-    auto* data = qobject_cast<OutputD1*>(loadWindow("OutputD1"));
+    if (display_.DataWindowMinimised || session_.listing.out.AllCount() == 0) return;
+    auto* data = qobject_cast<OutputD1*>(loadWindow(win::OutputD1));
     if (!data) return;
     data->LoadPage();
 }
@@ -206,27 +171,29 @@ void AppContext::runListing(const std::function<Messages(Session&)>& listing, QW
     {
         WaitCursor wait;
         msgs = listing(session_);
+        if (msgs.empty()) session_.ShowDataPage(display_.DataWindowMinimised);
     }
     showMessages(msgs, parent);
     // A listing that could not run leaves the page empty and the window as
     // it was.
-    if (session_.out.PageCount() > 0) showDataPage();
+    if (session_.listing.out.PageCount() > 0) showDataPage();
 }
 
-bool AppContext::calcChart(QWidget* parent) {
-    Messages msgs;
+bool AppContext::calculate(const InputFields& in, QWidget* parent) {
+    CalcOutcome outcome;
     {
         WaitCursor wait;
-        msgs = session_.CalcChart();
+        outcome = session_.Calculate(in);
+        if (outcome.calculated) session_.ShowDataPage(display_.DataWindowMinimised);
     }
-    showMessages(msgs, parent);
-    if (session_.InputError) return false;
+    showMessages(outcome.messages, parent);
+    if (!outcome.calculated) return false;
     emit chartCalculated();
     showDataPage();
     // The chart wheel is rebuilt from the new chart.
-    if (isRegistered("Wheels")) {
-        unloadWindow("Wheels");
-        showWindow("Wheels");
+    if (isRegistered(win::Wheels)) {
+        unloadWindow(win::Wheels);
+        showWindow(win::Wheels);
     }
     return true;
 }

@@ -1,10 +1,11 @@
-// The object every window gets: the Session, the one way to show a message
-// box, the data page, the chart calculation with the window actions around
-// it, and the program's windows by name (loaded on first use, hidden,
-// unloaded). Windows never reach each other directly; they go through here.
+// The object every window gets: the Session, the windows' display
+// preferences, the dialogs, the data page, the chart calculation with the
+// window actions around it, and the program's windows and commands by name
+// (loaded on first use, hidden, unloaded). Windows never reach each other
+// directly; they go through here. Each subsystem's window library registers
+// its windows and commands here at start-up (see app/Windows.cpp).
 #pragma once
 
-#include <QMessageBox>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -12,12 +13,33 @@
 
 #include <functional>
 #include <map>
+#include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
-#include "shell/Message.h"
+#include "base/Message.h"
+#include "chart/InputFields.h"
 #include "shell/Session.h"
+#include "shell/Settings.h"
+#include "shell/ui/Dialogs.h"
+#include "shell/ui/WindowNames.h"
 
 namespace kal::ui {
+
+// What the windows keep for themselves: the places and fonts of
+// Kaltrova.INI, the data window's font face, the wheel's size constants
+// chosen from the screen, whether the data window is minimised, the caption
+// prefix.
+struct DisplayPrefs {
+    Settings settings;
+    std::string ListFontName = "COURIER NEW";
+    double WheelScreenW = 1024;
+    double WheelScale = 1.5;
+    // The data window is minimised: pages are composed but not shown.
+    bool DataWindowMinimised = false;
+    std::string TitlePrefix = "Kaltrova (Tropical zodiac) - ";
+};
 
 class AppContext : public QObject {
     Q_OBJECT
@@ -26,22 +48,20 @@ class AppContext : public QObject {
     // Builds a window; `parent` is the main window (or null before it
     // exists). The window is made a top-level window of its own.
     using WindowFactory = std::function<QWidget*(AppContext&, QWidget* parent)>;
-    // Shows a message box. Tests replace it so that nothing blocks.
-    using MessageSink = std::function<void(const Message&, QWidget* parent)>;
-    // Asks a question; returns the button pressed.
-    using QuestionSink = std::function<QMessageBox::StandardButton(
-        const Message&, QMessageBox::StandardButtons buttons, QWidget* parent)>;
-    // Runs the file-selection window with a pattern ("*.FIL") and returns
-    // SelectedFile (empty when cancelled).
-    using FileSink = std::function<QString(const QString& pattern, QWidget* parent)>;
+    using Command = std::function<void(AppContext&)>;
 
     explicit AppContext(Session& session, QObject* parent = nullptr);
     ~AppContext() override;
 
     Session& session() { return session_; }
     const Session& session() const { return session_; }
+    DisplayPrefs& display() { return display_; }
+    const DisplayPrefs& display() const { return display_; }
 
-    // --- messages ---------------------------------------------------------
+    // --- dialogs ----------------------------------------------------------
+    Dialogs& dialogs() { return *dialogs_; }
+    // Replaces the dialogs (tests).
+    void setDialogs(std::unique_ptr<Dialogs> dialogs);
     // Every message box of the program goes through these.
     void showMessage(const Message& m, QWidget* parent = nullptr);
     void showMessages(const Messages& ms, QWidget* parent = nullptr);
@@ -50,65 +70,64 @@ class AppContext : public QObject {
     // "<what> is not available yet." for commands whose windows are missing.
     void notAvailable(const QString& what, QWidget* parent = nullptr);
     static Message NotAvailableMessage(const QString& what);
-
-    // Replace the message-box, question and file-selection handlers (tests);
-    // an empty function restores the real one.
-    static void setMessageSink(MessageSink sink);
-    static void setQuestionSink(QuestionSink sink);
-    static void setFileSink(FileSink sink);
-
-    // The file-selection window SelectFIle, modal; SelectedFile or empty.
+    // The file-selection window SelectFIle, modal; the chosen file or empty.
     QString selectFile(const QString& pattern, QWidget* parent = nullptr);
 
     // --- windows by name --------------------------------------------------
-    void registerWindow(const QString& name, WindowFactory factory);
-    bool isRegistered(const QString& name) const;
+    void registerWindow(WindowName name, WindowFactory factory);
+    bool isRegistered(WindowName name) const;
     // The loaded window, or null.
-    QWidget* window(const QString& name) const;
-    template <class T> T* windowAs(const QString& name) const {
-        return qobject_cast<T*>(window(name));
-    }
+    QWidget* window(WindowName name) const;
+    template <class T> T* windowAs(WindowName name) const { return qobject_cast<T*>(window(name)); }
     // Loads the window when it is not loaded (not shown); null when no
     // window of that name exists in this build.
-    QWidget* loadWindow(const QString& name);
+    QWidget* loadWindow(WindowName name);
     // Loads, shows and raises; shows the "not available yet" message (with
     // `what` as the command's name, default the window name) when the window
     // does not exist, and returns null.
-    QWidget* showWindow(const QString& name, const QString& what = {});
-    void hideWindow(const QString& name);
+    QWidget* showWindow(WindowName name, const QString& what = {});
+    void hideWindow(WindowName name);
     // Closes and releases the window (nothing when it is not loaded).
-    void unloadWindow(const QString& name);
+    void unloadWindow(WindowName name);
 
-    // Commands of later subsystems that are not a window of their own
-    // (the natal report): registered by name, run from the menus.
-    void registerCommand(const QString& name, std::function<void(AppContext&)> command);
-    bool hasCommand(const QString& name) const;
+    // --- commands by name -------------------------------------------------
+    void registerCommand(CommandName name, Command command);
+    bool hasCommand(CommandName name) const;
     // Runs the command, or shows "<what> is not available yet.".
-    void runCommand(const QString& name, const QString& what);
+    void runCommand(CommandName name, const QString& what);
+    // Runs the command when one is registered; nothing otherwise.
+    void runCommandIfAny(CommandName name);
 
     // Work done while the title window shows at start-up (the wheel's
     // tables), in the order added.
-    void addTitleTask(std::function<void(AppContext&)> task);
+    void addTitleTask(Command task);
     void runTitleTasks();
 
     QWidget* mainWindow() const { return mainWindow_; }
     void setMainWindow(QWidget* w) { mainWindow_ = w; }
 
-    // --- the data page ----------------------------------------------------
-    // Shows the current page: writes reports/LASTPAGE.TXT and loads it into
-    // the data window OutputD1 (loaded when needed).
-    void showDataPage();
-    // A listing command: runs it (it fills the page and shows it through
-    // the Session), shows its messages, then loads the page into the data
-    // window. The hourglass pointer is shown meanwhile.
-    void runListing(const std::function<Messages(Session&)>& listing, QWidget* parent = nullptr);
+    // --- the chart and the data page --------------------------------------
+    // The fields a calculation from "the data last entered" takes: what the
+    // registered input source gives (the input window's fields while it is
+    // loaded), else the fields the chart was last calculated from.
+    void setInputSource(std::function<std::optional<InputFields>()> source);
+    InputFields currentInput() const;
 
-    // --- the chart --------------------------------------------------------
-    // CalcChart with the window actions around it: hourglass pointer, the
-    // input-check messages, on success the chart-dependent menu items (the
-    // chartCalculated signal), the page in the data window and the chart
-    // wheel window reopened. Returns false when the input checks failed.
-    bool calcChart(QWidget* parent = nullptr);
+    // The chart calculation from input fields with the window actions
+    // around it: hourglass pointer, the messages, on success the
+    // chart-dependent menu items (the chartCalculated signal), the page in
+    // the data window and the chart wheel window reopened. False when the
+    // input checks failed.
+    bool calculate(const InputFields& in, QWidget* parent = nullptr);
+
+    // A command that composes a page (a listing, a help text): runs it with
+    // the hourglass pointer, shows the page when it returns no message,
+    // shows its messages, then loads the page into the data window.
+    void runListing(const std::function<Messages(Session&)>& listing, QWidget* parent = nullptr);
+    // Loads the current page (reports/LASTPAGE.TXT) into the data window
+    // OutputD1 (loaded when needed), unless it is minimised or the buffer is
+    // empty.
+    void showDataPage();
 
     // Window geometry kept in twips in Kaltrova.INI: 15 twips to the pixel.
     static constexpr int TwipsPerPixel = 15;
@@ -119,23 +138,22 @@ class AppContext : public QObject {
     // A calculation succeeded: enable the chart-dependent menu items.
     void chartCalculated();
     // A window was loaded / is about to be released.
-    void windowLoaded(const QString& name, QWidget* w);
-    void windowUnloaded(const QString& name);
+    void windowLoaded(WindowName name, QWidget* w);
+    void windowUnloaded(WindowName name);
     // The file-selection window's Select empties the names list of Names
     // and the cities list of Geograph before it returns.
     void selectionListsEmptied();
 
   private:
     Session& session_;
+    DisplayPrefs display_;
+    std::unique_ptr<Dialogs> dialogs_;
     QPointer<QWidget> mainWindow_;
-    std::map<QString, WindowFactory> factories_;
-    std::map<QString, QPointer<QWidget>> windows_;
-    std::map<QString, std::function<void(AppContext&)>> commands_;
-    std::vector<std::function<void(AppContext&)>> titleTasks_;
+    std::map<WindowName, WindowFactory> factories_;
+    std::map<WindowName, QPointer<QWidget>> windows_;
+    std::map<CommandName, Command> commands_;
+    std::vector<Command> titleTasks_;
+    std::function<std::optional<InputFields>()> inputSource_;
 };
-
-// Shows a message with a real QMessageBox (exact text, caption and icon).
-void ShowMessageBox(const Message& m, QWidget* parent);
-QMessageBox::Icon ToQtIcon(Icon icon);
 
 } // namespace kal::ui

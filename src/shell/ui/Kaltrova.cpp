@@ -14,41 +14,16 @@
 #include <ctime>
 #include <fstream>
 
-#include "periphery/HelpText.h"
-#include "periphery/ui/TITLE.h"
+#include "base/TextFile.h"
 #include "shell/EditorFile.h"
 #include "shell/Settings.h"
 #include "shell/Startup.h"
-#include "shell/TextFile.h"
 #include "shell/ui/AppContext.h"
-#include "shell/ui/BirthDataHooks.h"
-#include "shell/ui/WindowRegistry.h"
+#include "shell/ui/TITLE.h"
 
 namespace kal::ui {
 
 namespace {
-
-// Listings that other parts of the core add to the Session as they land.
-template <class S> constexpr bool kHasCosmicState = requires(S& s) {
-    s.CmdCosmicState();
-};
-template <class S> constexpr bool kHasCareerFactors = requires(S& s) {
-    s.CmdCareerFactors();
-};
-
-template <class S> Messages CosmicState(S& s) {
-    if constexpr (kHasCosmicState<S>)
-        return s.CmdCosmicState();
-    else
-        return {};
-}
-
-template <class S> Messages CareerFactors(S& s) {
-    if constexpr (kHasCareerFactors<S>)
-        return s.CmdCareerFactors();
-    else
-        return {};
-}
 
 // Courier New and MS Sans Serif are met by free fonts of the same metrics.
 void InstallFontSubstitutions() {
@@ -73,7 +48,6 @@ Kaltrova::Kaltrova(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_
     Timer1->setInterval(1000);
     connect(Timer1, &QTimer::timeout, this, &Kaltrova::Timer1_Timer);
     connect(&ctx_, &AppContext::chartCalculated, this, &Kaltrova::EnableChartMenus);
-    RegisterProgramWindows(ctx_);
 }
 
 Kaltrova::~Kaltrova() {
@@ -186,7 +160,8 @@ void Kaltrova::EnableChartMenus() {
 
 void Kaltrova::registerFonts() {
     auto add = [&](const char* name) {
-        QString file = QString::fromStdString(FindFile(ctx_.session().AppPath, name).string());
+        QString file =
+            QString::fromStdString(FindFile(ctx_.session().paths.AppPath, name).string());
         // A font file that is not there is skipped quietly.
         return QFileInfo::exists(file) ? QFontDatabase::addApplicationFont(file) : -1;
     };
@@ -209,12 +184,12 @@ void Kaltrova::ReadIntlSettings() {
         configured ? locale.dateFormat(QLocale::ShortFormat).toStdString() : "M/d/yy",
         configured ? locale.timeFormat(QLocale::LongFormat).toStdString() : "h:mm:ss AP",
         std::getenv("KALTROVA_IDATE"), std::getenv("KALTROVA_ITIME"));
-    ctx_.session().DateOrder = intl.DateOrder;
-    ctx_.session().TimeFormat = intl.TimeFormat;
+    ctx_.session().regional.DateOrder = intl.DateOrder;
+    ctx_.session().regional.TimeFormat = intl.TimeFormat;
 }
 
 void Kaltrova::placeFromSettings() {
-    const Settings& st = ctx_.session().settings;
+    const Settings& st = ctx_.display().settings;
     // The strip is never narrower than its menu.
     int w = std::max(AppContext::toPixels(st.KaltrovaWidth), menuBar()->sizeHint().width());
     resize(w, AppContext::toPixels(st.KaltrovaHeight));
@@ -222,7 +197,7 @@ void Kaltrova::placeFromSettings() {
 }
 
 void Kaltrova::recordPlace() {
-    Settings& st = ctx_.session().settings;
+    Settings& st = ctx_.display().settings;
     if (isMinimized()) return;
     st.KaltrovaTop = AppContext::toTwips(y());
     st.KaltrovaLeft = AppContext::toTwips(x());
@@ -232,10 +207,12 @@ void Kaltrova::recordPlace() {
 
 void Kaltrova::Form_Load(const std::filesystem::path& appPath, const StartupChoices& choices) {
     Session& s = ctx_.session();
-    // Program directory, its folders, the ephemeris path, the options.
+    DisplayPrefs& d = ctx_.display();
+    // Program directory, its folders, the ephemeris path, the options, the
+    // paths and the house system at their start values.
     s.Open(appPath);
     registerFonts();
-    s.TitlePrefix = BuildTitlePrefix();
+    d.TitlePrefix = BuildTitlePrefix();
 
     {
         TITLE title(this);
@@ -246,33 +223,26 @@ void Kaltrova::Form_Load(const std::filesystem::path& appPath, const StartupChoi
     }
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    s.ListFontName = "COURIER NEW";
-    ReadSettings(s);
+    d.ListFontName = "COURIER NEW";
+    ReadSettings(s.paths.AppPath, d.settings, s.paths.NamesFilePath, s.paths.CitiesFilePath);
     placeFromSettings();
     ReadIntlSettings();
 
     int screenWidth = choices.screenWidthPx;
     if (screenWidth <= 0 && QGuiApplication::primaryScreen())
         screenWidth = QGuiApplication::primaryScreen()->geometry().width();
-    s.out.ClearAllLines();
-    s.UpdateMode = 0;
     WheelSize ws = ChooseWheelSize(screenWidth, AppContext::TwipsPerPixel);
-    s.WheelScreenW = ws.WheelScreenW;
-    s.WheelScale = ws.WheelScale;
+    d.WheelScreenW = ws.WheelScreenW;
+    d.WheelScale = ws.WheelScale;
+    showHouseSystem(s.calc.HouseSystem);
 
-    s.OrbFilePath = FindFile(s.AppPath, "NATAL.ORB");
-    s.OutputFileName.clear();
-    s.houseMenu = HouseMenuFromOption(s.options[27]);
-    for (size_t i = 0; i < houseItems_.size(); ++i) houseItems_[i]->setChecked(s.houseMenu[i]);
-    s.AtlasAvailable = AtlasConfigured(s.AppPath) ? 1 : 0;
-
-    setWindowTitle(QString::fromStdString(s.TitlePrefix));
+    setWindowTitle(QString::fromStdString(d.TitlePrefix));
     show();
     Timer1->start();
     Timer1_Timer();
 
-    StartupBirthDataWindows(ctx_);
-    if (s.options[42] != 0 && ctx_.isRegistered("frmTip")) ctx_.showWindow("frmTip");
+    ctx_.runCommandIfAny(cmd::StartupInputWindows);
+    if (s.options[42] != 0 && ctx_.isRegistered(win::frmTip)) ctx_.showWindow(win::frmTip);
     QApplication::restoreOverrideCursor();
 }
 
@@ -284,9 +254,11 @@ void Kaltrova::mnuFileExit_Click() {
     recordPlace();
     s.Close();
     removeFonts();
-    WriteSettings(s);
+    WriteSettings(s.paths.AppPath, ctx_.display().settings, s.paths.NamesFilePath,
+                  s.paths.CitiesFilePath);
     // Every other window closes with the main window.
-    for (const char* name : {"OutputD1", "Options", "PrntFile", "About"}) ctx_.unloadWindow(name);
+    for (WindowName name : {win::OutputD1, win::Options, win::PrntFile, win::About})
+        ctx_.unloadWindow(name);
     close();
     QApplication::closeAllWindows();
     QApplication::quit();
@@ -301,56 +273,65 @@ void Kaltrova::Timer1_Timer() {
     std::time_t t = std::time(nullptr);
     std::tm now = *std::localtime(&t);
     setWindowTitle(QString::fromStdString(
-        ClockCaption(ctx_.session().TitlePrefix, now, ctx_.session().TimeFormat)));
+        ClockCaption(ctx_.display().TitlePrefix, now, ctx_.session().regional.TimeFormat)));
 }
 
 // --- commands ----------------------------------------------------------------
 
 void Kaltrova::mnuFileNewFil_Click() {
-    MakeNewNamesFile(ctx_);
+    ctx_.runCommand(cmd::NewNamesFile, "Make new .FIL file");
 }
 
 void Kaltrova::mnuInputData_Click() {
     Session& s = ctx_.session();
-    s.UpdateMode = 0;
-    s.out.ClearAllLines();
-    s.OutputFileName.clear();
-    InputCommandWindows(ctx_);
+    s.calc.UpdateMode = 0;
+    s.listing.out.ClearAllLines();
+    s.paths.OutputFileName.clear();
+    ctx_.runCommand(cmd::InputCommandWindows, "The natal input window");
 }
 
-void Kaltrova::HouseToggle(int item) {
-    // The triggered item has already inverted its own check mark.
-    Session& s = ctx_.session();
-    for (size_t i = 0; i < houseItems_.size(); ++i) s.houseMenu[i] = houseItems_[i]->isChecked();
-    (void)item;
+char HouseLetterFromChecks(const std::array<bool, 7>& checked) {
+    for (size_t i = 1; i < checked.size(); ++i)
+        if (checked[i]) return HouseSystems[i].letter;
+    return 'P';
+}
+
+void Kaltrova::showHouseSystem(char letter) {
+    for (size_t i = 0; i < houseItems_.size(); ++i)
+        houseItems_[i]->setChecked(HouseSystems[i].letter == letter);
+}
+
+void Kaltrova::HouseToggle() {
+    // The triggered item has already inverted its own check mark; the
+    // first checked item after Placidus decides.
+    std::array<bool, 7> checked{};
+    for (size_t i = 0; i < houseItems_.size(); ++i) checked[i] = houseItems_[i]->isChecked();
+    ctx_.session().calc.HouseSystem = HouseLetterFromChecks(checked);
     mnuInputData_Click();
-    HouseToggleHideWindows(ctx_);
-    s.out.ClearAllLines();
-    s.out.ClearDataPage();
-    CollectInputFields(ctx_);
-    ctx_.calcChart(this);
+    ctx_.runCommandIfAny(cmd::HouseToggleWindows);
+    ctx_.calculate(ctx_.currentInput(), this);
 }
 
 void Kaltrova::mnuHousePlacidus_Click() {
-    HouseToggle(0);
+    HouseToggle();
 }
 void Kaltrova::mnuHouseRegiomontanus_Click() {
-    HouseToggle(1);
+    HouseToggle();
 }
 void Kaltrova::mnuHouseKoch_Click() {
-    HouseToggle(2);
+    HouseToggle();
 }
 void Kaltrova::mnuHouseCampanus_Click() {
-    HouseToggle(3);
+    HouseToggle();
 }
 void Kaltrova::mnuHousePorphyry_Click() {
-    HouseToggle(4);
+    HouseToggle();
 }
 void Kaltrova::mnuHouseAlcabitus_Click() {
-    HouseToggle(5);
+    HouseToggle();
 }
 void Kaltrova::mnuHouseTopocentric_Click() {
-    HouseToggle(6);
+    HouseToggle();
 }
 
 void Kaltrova::mnuDataNatalData_Click() {
@@ -362,69 +343,61 @@ void Kaltrova::mnuDataNatalAspects_Click() {
 }
 
 void Kaltrova::mnuDataCosmicState_Click() {
-    if (!kHasCosmicState<Session>) {
-        ctx_.notAvailable("Cosmic State", this);
-        return;
-    }
-    ctx_.runListing([](Session& s) { return CosmicState(s); }, this);
+    ctx_.runListing([](Session& s) { return s.CmdCosmicState(); }, this);
 }
 
 void Kaltrova::mnuData_KaltrovalFactors_Click() {
-    if (!kHasCareerFactors<Session>) {
-        ctx_.notAvailable("Kaltroval factors", this);
-        return;
-    }
-    ctx_.runListing([](Session& s) { return CareerFactors(s); }, this);
+    ctx_.runListing([](Session& s) { return s.CmdCareerFactors(); }, this);
 }
 
 void Kaltrova::mnuWheelsSingleNatal_Click() {
-    ctx_.unloadWindow("Wheels");
-    ctx_.showWindow("Wheels", "Chartwheel");
+    ctx_.unloadWindow(win::Wheels);
+    ctx_.showWindow(win::Wheels, "Chartwheel");
 }
 
 void Kaltrova::mnuDataMeaningsNatal_Click() {
-    ctx_.unloadWindow("MEANINGS");
-    ctx_.showWindow("MEANINGS", "Natal Meanings");
+    ctx_.unloadWindow(win::MEANINGS);
+    ctx_.showWindow(win::MEANINGS, "Natal Meanings");
 }
 
 void Kaltrova::mnuKeywordsGeneral_Click() {
-    ctx_.unloadWindow("Keywords");
-    ctx_.showWindow("Keywords", "Keywords");
+    ctx_.unloadWindow(win::Keywords);
+    ctx_.showWindow(win::Keywords, "Keywords");
 }
 
 void Kaltrova::mnuKeywordsSystem_Click() {
-    ctx_.unloadWindow("KEY_WORD");
-    ctx_.showWindow("KEY_WORD", "Keyword System");
+    ctx_.unloadWindow(win::KEY_WORD);
+    ctx_.showWindow(win::KEY_WORD, "Keyword System");
 }
 
 void Kaltrova::mnuReportNatal_Click() {
-    ctx_.runCommand("mnuReportNatal", "Natal Report");
+    ctx_.runCommand(cmd::ReportNatal, "Natal Report");
 }
 
 void Kaltrova::mnuOptionOptionSettings_Click() {
-    if (!CanOpen(FindFile(ctx_.session().AppPath, "OPTIONS.OPT"))) {
+    if (!CanOpen(FindFile(ctx_.session().paths.AppPath, "OPTIONS.OPT"))) {
         ctx_.showMessage(OptionsFileNotFoundMessage(), this);
         return;
     }
-    ctx_.showWindow("Options");
+    ctx_.showWindow(win::Options);
 }
 
 void Kaltrova::mnuHeader_Click() {
-    if (!CanOpen(FindFile(ctx_.session().AppPath, "PERSONAL.NAM"))) {
+    if (!CanOpen(FindFile(ctx_.session().paths.AppPath, "PERSONAL.NAM"))) {
         ctx_.showMessage(HeaderFileNotFoundMessage(), this);
         return;
     }
-    ctx_.showWindow("P_Name", "Header");
+    ctx_.showWindow(win::P_Name, "Header");
 }
 
 void Kaltrova::mnuHelpTipoftheDay_Click() {
-    ctx_.unloadWindow("frmTip");
-    ctx_.showWindow("frmTip", "Tip of the Day");
+    ctx_.unloadWindow(win::frmTip);
+    ctx_.showWindow(win::frmTip, "Tip of the Day");
 }
 
 void Kaltrova::ShowHelp(const char* helpFileName) {
     std::string name = helpFileName;
-    ctx_.runListing([name](Session& s) { return ShowHelpText(s, name); }, this);
+    ctx_.runListing([name](Session& s) { return s.CmdHelpText(name); }, this);
 }
 
 void Kaltrova::mnuMainMenuHelp_Click() {
@@ -480,7 +453,7 @@ void Kaltrova::mnuHelpRevisions_Click() {
 }
 
 void Kaltrova::mnuHelpAbout_Click() {
-    ctx_.showWindow("About");
+    ctx_.showWindow(win::About);
 }
 
 } // namespace kal::ui

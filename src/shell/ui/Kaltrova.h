@@ -91,7 +91,9 @@ class Kaltrova : public QMainWindow {
   private:
     void buildMenus();
     void ReadIntlSettings();
-    void HouseToggle(int item);
+    void HouseToggle();
+    // Checks the item of the house system `letter` only.
+    void showHouseSystem(char letter);
     void ShowHelp(const char* helpFileName);
     void placeFromSettings();
     void recordPlace();
@@ -104,5 +106,9 @@ class Kaltrova : public QMainWindow {
     int glyphFontId_ = -1;
     int sansFontId_ = -1;
 };
+
+// The house system the checked items of the Houses menu select (in menu
+// order): the first checked item after Placidus, else Placidus.
+char HouseLetterFromChecks(const std::array<bool, 7>& checked);
 
 } // namespace kal::ui

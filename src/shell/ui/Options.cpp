@@ -1,8 +1,8 @@
 #include "shell/ui/Options.h"
 
+#include "base/TextFile.h"
 #include "shell/EditorFile.h"
 #include "shell/Startup.h"
-#include "shell/TextFile.h"
 #include "shell/ui/AppContext.h"
 #include "ui_Options.h"
 
@@ -24,24 +24,24 @@ Options::Options(AppContext& ctx, QWidget* parent)
 Options::~Options() = default;
 
 void Options::Form_Load() {
-    auto lines = ReadLines(FindFile(ctx_.session().AppPath, "OPTIONS.OPT"))
+    auto lines = ReadLines(FindFile(ctx_.session().paths.AppPath, "OPTIONS.OPT"))
                      .value_or(std::vector<std::string>{});
     ui->txtContent->setPlainText(QString::fromStdString(EditorText(lines)));
 }
 
 void Options::btnSave_Click() {
     Session& s = ctx_.session();
-    auto file = FindFile(s.AppPath, "OPTIONS.OPT");
+    auto file = FindFile(s.paths.AppPath, "OPTIONS.OPT");
     if (!WriteFileBytes(file, EditorSaveBytes(ui->txtContent->toPlainText().toStdString()))) {
         ctx_.showMessage(RestoreFailedMessage(), this);
         return;
     }
     s.ReadOptions();
-    s.TitlePrefix = BuildTitlePrefix();
+    ctx_.display().TitlePrefix = BuildTitlePrefix();
 }
 
 void Options::cmdRestoreDefault_Click() {
-    if (!RestoreDefaultOptions(ctx_.session().AppPath)) {
+    if (!RestoreDefaultOptions(ctx_.session().paths.AppPath)) {
         ctx_.showMessage(RestoreFailedMessage(), this);
         return;
     }

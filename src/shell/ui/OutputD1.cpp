@@ -1,36 +1,19 @@
 #include "shell/ui/OutputD1.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 
-#include "periphery/HelpText.h"
+#include "base/TextFile.h"
 #include "shell/DataFile.h"
-#include "shell/TextFile.h"
 #include "shell/ui/AppContext.h"
 
 namespace kal::ui {
 
 namespace {
-
-OutputD1::SaveAsChooser& saveAsChooser() {
-    static OutputD1::SaveAsChooser chooser;
-    return chooser;
-}
-
-QString DefaultSaveAs(QWidget* parent, const QString& folder, const QString& proposed) {
-    QFileDialog dlg(parent, "Save As", folder, "Data Files (*.txt)");
-    dlg.setAcceptMode(QFileDialog::AcceptSave);
-    dlg.setFileMode(QFileDialog::AnyFile);
-    dlg.setDefaultSuffix("txt");
-    dlg.selectFile(proposed);
-    if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return {};
-    return dlg.selectedFiles().first();
-}
 
 QAction* MenuAction(QMenu* menu, const char* name, const char* caption) {
     QAction* a = menu->addAction(caption);
@@ -46,10 +29,6 @@ QMenu* Menu(QMenuBar* bar, const char* name, const char* caption) {
 }
 
 } // namespace
-
-void OutputD1::setSaveAsChooser(SaveAsChooser chooser) {
-    saveAsChooser() = std::move(chooser);
-}
 
 OutputD1::OutputD1(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_(ctx) {
     setObjectName("OutputD1");
@@ -96,7 +75,7 @@ OutputD1::OutputD1(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_
 }
 
 void OutputD1::Form_Load() {
-    const Settings& st = ctx_.session().settings;
+    const Settings& st = ctx_.display().settings;
     DataPositioning = true;
     resize(AppContext::toPixels(st.DataWidth), AppContext::toPixels(st.DataHeight));
     move(AppContext::toPixels(st.DataLeft), AppContext::toPixels(st.DataTop));
@@ -108,22 +87,22 @@ void OutputD1::Form_Load() {
     mnuFontsIncrease->setEnabled(CanIncreaseFont(st.ListFontSize));
     if (!QFontInfo(RichText1->font()).fixedPitch()) ctx_.showMessage(CourierMissingMessage(), this);
     RichText1->clear();
-    setWindowTitle(QString::fromStdString(ctx_.session().TitlePrefix) + "Data");
+    setWindowTitle(QString::fromStdString(ctx_.display().TitlePrefix) + "Data");
 }
 
 void OutputD1::applyFont() {
-    const Session& s = ctx_.session();
-    QFont f(QString::fromStdString(s.ListFontName));
+    const DisplayPrefs& d = ctx_.display();
+    QFont f(QString::fromStdString(d.ListFontName));
     f.setStyleHint(QFont::TypeWriter);
-    f.setPointSizeF(s.settings.ListFontSize);
-    f.setBold(s.settings.ListFontBold != 0);
-    f.setItalic(s.settings.ListFontItalic != 0);
+    f.setPointSizeF(d.settings.ListFontSize);
+    f.setBold(d.settings.ListFontBold != 0);
+    f.setItalic(d.settings.ListFontItalic != 0);
     RichText1->setFont(f);
 }
 
 void OutputD1::Form_Resize() {
     if (isMinimized() || DataPositioning) return;
-    Settings& st = ctx_.session().settings;
+    Settings& st = ctx_.display().settings;
     st.DataWidth = static_cast<short>(AppContext::toTwips(width()));
     st.DataHeight = static_cast<short>(AppContext::toTwips(height()));
     st.DataTop = static_cast<short>(AppContext::toTwips(y()));
@@ -142,12 +121,11 @@ void OutputD1::moveEvent(QMoveEvent* e) {
 
 void OutputD1::changeEvent(QEvent* e) {
     QMainWindow::changeEvent(e);
-    if (e->type() == QEvent::WindowStateChange) ctx_.session().DataWindowMinimised = isMinimized();
+    if (e->type() == QEvent::WindowStateChange) ctx_.display().DataWindowMinimised = isMinimized();
 }
 
 void OutputD1::LoadPage() {
-    Session& s = ctx_.session();
-    auto bytes = ReadFileBytes(LastPagePath(s.AppPath));
+    auto bytes = ReadFileBytes(LastPagePath(ctx_.session().paths.AppPath));
     QByteArray raw =
         bytes ? QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())) : QByteArray();
     // Pages are UTF-8; older single-byte text shows as Latin-1.
@@ -155,38 +133,39 @@ void OutputD1::LoadPage() {
     if (text.contains(QChar::ReplacementCharacter)) text = QString::fromLatin1(raw);
     text.replace("\r\n", "\n");
     RichText1->setPlainText(text);
-    setWindowTitle(QString::fromStdString(s.TitlePrefix) + "Data");
+    setWindowTitle(QString::fromStdString(ctx_.display().TitlePrefix) + "Data");
     show();
     raise();
 }
 
 void OutputD1::RefreshDataPage() {
     Session& s = ctx_.session();
-    if (s.out.PageCount() == 0) return;
+    if (s.listing.out.PageCount() == 0) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    s.ShowDataPage();
+    s.ShowDataPage(ctx_.display().DataWindowMinimised);
     LoadPage();
-    mnuFontsDecrease->setEnabled(CanDecreaseFont(s.settings.ListFontSize));
-    mnuFontsIncrease->setEnabled(CanIncreaseFont(s.settings.ListFontSize));
+    const Settings& st = ctx_.display().settings;
+    mnuFontsDecrease->setEnabled(CanDecreaseFont(st.ListFontSize));
+    mnuFontsIncrease->setEnabled(CanIncreaseFont(st.ListFontSize));
     QApplication::restoreOverrideCursor();
 }
 
 void OutputD1::mnuFontsIncrease_Click() {
-    Session& s = ctx_.session();
-    if (!IncreaseFontSize(s.settings.ListFontSize, s.WheelScale)) return;
+    DisplayPrefs& d = ctx_.display();
+    if (!IncreaseFontSize(d.settings.ListFontSize, d.WheelScale)) return;
     applyFont();
     RefreshDataPage();
 }
 
 void OutputD1::mnuFontsDecrease_Click() {
-    Session& s = ctx_.session();
-    if (!DecreaseFontSize(s.settings.ListFontSize, s.WheelScale)) return;
+    DisplayPrefs& d = ctx_.display();
+    if (!DecreaseFontSize(d.settings.ListFontSize, d.WheelScale)) return;
     applyFont();
     RefreshDataPage();
 }
 
 void OutputD1::mnuFontsBold_Click() {
-    Settings& st = ctx_.session().settings;
+    Settings& st = ctx_.display().settings;
     st.ListFontBold = st.ListFontBold != 0 ? 0 : -1;
     mnuFontsBold->setChecked(st.ListFontBold != 0);
     applyFont();
@@ -194,7 +173,7 @@ void OutputD1::mnuFontsBold_Click() {
 }
 
 void OutputD1::mnuFontsItalic_Click() {
-    Settings& st = ctx_.session().settings;
+    Settings& st = ctx_.display().settings;
     st.ListFontItalic = st.ListFontItalic != 0 ? 0 : -1;
     mnuFontsItalic->setChecked(st.ListFontItalic != 0);
     applyFont();
@@ -202,71 +181,70 @@ void OutputD1::mnuFontsItalic_Click() {
 }
 
 void OutputD1::mnuClearBuffer_Click() {
-    ctx_.session().out.ClearAllLines();
+    ctx_.session().listing.out.ClearAllLines();
     ctx_.showMessage(AllDataClearedMessage(), this);
 }
 
 void OutputD1::writeData(const QString& file) {
     Session& s = ctx_.session();
-    if (!SaveDataFile(file.toStdString(), s.out.AllLines, s.options[45]))
+    if (!SaveDataFile(file.toStdString(), s.listing.out.AllLines, s.options[45]))
         ctx_.showMessage(
             {"Cannot write the file " + file.toStdString() + ".", "Error!", Icon::Critical}, this);
 }
 
 void OutputD1::mnuFileSave_Click() {
     Session& s = ctx_.session();
-    if (s.out.AllCount() == 0) {
+    if (s.listing.out.AllCount() == 0) {
         ctx_.showMessage(NoDataToWriteMessage(), this);
         return;
     }
-    if (s.OutputFileName.empty()) {
+    if (s.paths.OutputFileName.empty()) {
         mnuFileSaveAs_Click();
         return;
     }
-    writeData(QString::fromStdString(s.OutputFileName));
+    writeData(QString::fromStdString(s.paths.OutputFileName));
 }
 
 void OutputD1::mnuFileSaveAs_Click() {
     Session& s = ctx_.session();
-    if (s.out.AllCount() == 0) {
+    if (s.listing.out.AllCount() == 0) {
         ctx_.showMessage(NoDataToWriteMessage(), this);
         return;
     }
-    QString folder = QString::fromStdString(s.AppPath.string());
-    QString proposed = QString::fromStdString(ProposedFileName(s.chart.ChartName));
-    QString file =
-        saveAsChooser() ? saveAsChooser()(folder, proposed) : DefaultSaveAs(this, folder, proposed);
+    QString folder = QString::fromStdString(s.paths.AppPath.string());
+    QString proposed = QString::fromStdString(ProposedFileName(s.calc.chart.ChartName));
+    QString file = ctx_.dialogs().saveAs(folder, proposed, this);
     if (file.isEmpty()) return;
-    s.OutputFileName = file.toStdString();
+    s.paths.OutputFileName = file.toStdString();
     writeData(file);
 }
 
 void OutputD1::openPrintWindow() {
-    ctx_.unloadWindow("PrntFile");
-    ctx_.showWindow("PrntFile", "Printing");
+    ctx_.unloadWindow(win::PrntFile);
+    ctx_.showWindow(win::PrntFile, "Printing");
 }
 
 void OutputD1::mnuPrint_Click() {
     Session& s = ctx_.session();
-    if (s.out.PageCount() == 0) return;
+    if (s.listing.out.PageCount() == 0) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    WritePrintFile(s.AppPath, s.out.PageLines);
+    WritePrintFile(s.paths.AppPath, s.listing.out.PageLines);
     QApplication::restoreOverrideCursor();
     openPrintWindow();
 }
 
 void OutputD1::mnuPrintData_Click() {
     Session& s = ctx_.session();
-    if (s.out.AllCount() == 0) {
+    if (s.listing.out.AllCount() == 0) {
         ctx_.showMessage(NoDataToPrintMessage(), this);
         return;
     }
-    WritePrintFile(s.AppPath, s.out.AllLines);
+    WritePrintFile(s.paths.AppPath, s.listing.out.AllLines);
     openPrintWindow();
 }
 
 void OutputD1::mnuHelp_Click() {
-    ctx_.runListing([](Session& s) { return ShowHelpText(s, "\\OUTPUTD1.HLP"); }, this);
+    ctx_.runListing([](Session& s) { return s.CmdHelpText("\\OUTPUTD1.HLP"); }, this);
 }
 
 void OutputD1::RichText1_KeyPress(int key) {

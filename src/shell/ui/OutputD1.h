@@ -4,8 +4,6 @@
 
 #include <QMainWindow>
 
-#include <functional>
-
 class QAction;
 class QPlainTextEdit;
 
@@ -18,11 +16,6 @@ class OutputD1 : public QMainWindow {
 
   public:
     explicit OutputD1(AppContext& ctx, QWidget* parent = nullptr);
-
-    // Chooses the Save As file: given the initial folder and the proposed
-    // name, returns the chosen path or empty when cancelled. Tests replace it.
-    using SaveAsChooser = std::function<QString(const QString& folder, const QString& proposed)>;
-    static void setSaveAsChooser(SaveAsChooser chooser);
 
     QPlainTextEdit* RichText1 = nullptr;
 

@@ -1,45 +1,15 @@
 #include "shell/ui/PrntFile.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrinter>
-#include <QPrinterInfo>
 
+#include "base/TextFile.h"
 #include "shell/DataFile.h"
-#include "shell/TextFile.h"
 #include "shell/ui/AppContext.h"
 #include "ui_PrntFile.h"
 
 namespace kal::ui {
-
-namespace {
-
-PrntFile::PrinterSetup& printerSetup() {
-    static PrntFile::PrinterSetup setup;
-    return setup;
-}
-
-bool DefaultPrinterSetup(QPrinter& printer, const QString& folder, QWidget* parent) {
-    if (!QPrinterInfo::availablePrinters().isEmpty()) {
-        QPrintDialog dlg(&printer, parent);
-        return dlg.exec() == QDialog::Accepted;
-    }
-    QString file = QFileDialog::getSaveFileName(parent, "Print to PDF file",
-                                                folder + "/PRNTFILE.pdf", "PDF Files (*.pdf)");
-    if (file.isEmpty()) return false;
-    if (!file.endsWith(".pdf", Qt::CaseInsensitive)) file += ".pdf";
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(file);
-    return true;
-}
-
-} // namespace
-
-void PrntFile::setPrinterSetup(PrinterSetup setup) {
-    printerSetup() = std::move(setup);
-}
 
 PrntFile::PrntFile(AppContext& ctx, QWidget* parent)
     : QDialog(parent), ctx_(ctx), ui(std::make_unique<Ui::PrntFile>()) {
@@ -57,7 +27,7 @@ PrntFile::~PrntFile() = default;
 void PrntFile::Form_Load() {
     Session& s = ctx_.session();
     PrintWidthClass = 0;
-    auto lines = ReadLines(PrintFilePath(s.AppPath)).value_or(std::vector<std::string>{});
+    auto lines = ReadLines(PrintFilePath(s.paths.AppPath)).value_or(std::vector<std::string>{});
     PrintWidthClass = kal::PrintWidthClass(lines, s.options[117], s.options[118]);
     QString text;
     for (const auto& l : lines) text += QString::fromStdString(l) + "\n";
@@ -68,11 +38,9 @@ void PrntFile::btnPrint_Click() {
     Session& s = ctx_.session();
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName("Kaltrova");
-    bool ready =
-        printerSetup()
-            ? printerSetup()(printer, this)
-            : DefaultPrinterSetup(printer, QString::fromStdString(s.AppPath.string()), this);
-    if (!ready) return;
+    if (!ctx_.dialogs().setUpPrinter(printer, QString::fromStdString(s.paths.AppPath.string()),
+                                     this))
+        return;
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
     // The edited text goes back to the print file, which is then printed.
@@ -85,8 +53,8 @@ void PrntFile::btnPrint_Click() {
         else
             crlf += c;
     }
-    WriteFileBytes(PrintFilePath(s.AppPath), crlf);
-    auto lines = ReadLines(PrintFilePath(s.AppPath)).value_or(std::vector<std::string>{});
+    WriteFileBytes(PrintFilePath(s.paths.AppPath), crlf);
+    auto lines = ReadLines(PrintFilePath(s.paths.AppPath)).value_or(std::vector<std::string>{});
     auto pages = PrintPages(lines, s.options[30]);
 
     QPainter painter;

@@ -5,10 +5,7 @@
 
 #include <QDialog>
 
-#include <functional>
 #include <memory>
-
-class QPrinter;
 
 namespace Ui {
 class PrntFile;
@@ -26,11 +23,6 @@ class PrntFile : public QDialog {
     ~PrntFile() override;
 
     int PrintWidthClass = 0;
-
-    // Prepares the printer: the print dialog where printers exist, otherwise
-    // a PDF file name. False cancels printing. Tests replace it.
-    using PrinterSetup = std::function<bool(QPrinter& printer, QWidget* parent)>;
-    static void setPrinterSetup(PrinterSetup setup);
 
   public slots:
     void btnPrint_Click();

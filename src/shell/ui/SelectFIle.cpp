@@ -32,7 +32,7 @@ SelectFIle::~SelectFIle() = default;
 void SelectFIle::Form_Load() {
     // The drives are the mounted volumes; the list starts at the program
     // directory's volume and folder.
-    QString app = QString::fromStdString(ctx_.session().AppPath.string());
+    QString app = QString::fromStdString(ctx_.session().paths.AppPath.string());
     QStringList roots;
     for (const QStorageInfo& v : QStorageInfo::mountedVolumes())
         if (v.isValid() && v.isReady() && !roots.contains(v.rootPath())) roots << v.rootPath();

@@ -1,0 +1,15 @@
+#include "app/Windows.h"
+
+#include "birthdata/ui/Register.h"
+#include "periphery/ui/Register.h"
+#include "shell/ui/Register.h"
+
+namespace kal::ui {
+
+void RegisterProgramWindows(AppContext& ctx) {
+    RegisterShellWindows(ctx);
+    RegisterBirthDataWindows(ctx);
+    RegisterPeripheryWindows(ctx);
+}
+
+} // namespace kal::ui

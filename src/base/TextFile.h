@@ -1,0 +1,35 @@
+// Whole-file text reading and writing. Files are read with CR LF or LF line
+// ends and written with CR LF; data files are found by name without regard
+// to case.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kal {
+
+// The lines of a file (without their line ends), or nothing when the file
+// cannot be opened. A final line without a line end is kept; the empty text
+// after a final line end is not a line.
+std::optional<std::vector<std::string>> ReadLines(const std::filesystem::path& file);
+
+// The whole file as bytes, or nothing when it cannot be opened.
+std::optional<std::string> ReadFileBytes(const std::filesystem::path& file);
+
+// Splits text into lines at CR LF, LF or a lone CR.
+std::vector<std::string> SplitLines(std::string_view text);
+
+// Writes each line followed by `eol`, replacing the file. False on failure.
+bool WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines,
+                std::string_view eol = "\r\n");
+// Writes bytes as they are, replacing the file. False on failure.
+bool WriteFileBytes(const std::filesystem::path& file, std::string_view bytes);
+
+// The entry of `dir` whose name equals `name` without regard to case; when
+// none exists, dir / name (so that a new file gets the name as given).
+std::filesystem::path FindFile(const std::filesystem::path& dir, std::string_view name);
+
+} // namespace kal
