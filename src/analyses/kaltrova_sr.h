@@ -54,25 +54,50 @@ class CareerRules {
     // listings by the caller.
     short& FocusPlanet;
 
+    // Which copy of the chart each rule reads: the natal copy (NatalLong,
+    // NatalCusp, the midpoints taken at calculation) or the working copy the
+    // wheel's time steps move (CuspTable, and PlanetHouse, placed from the
+    // working positions).
+
+    // The sign on the working copy's MC (CuspTable[1]) and its ruler.
     void MCSignAndRuler();
+    // The focus planet's major aspects among the natal positions.
     void FocusAspects();
+    // A sign intercepted in the natal 10th house (NatalCusp).
     void InterceptedTenth();
+    // Natal positions within 5 degrees of the working copy's MC.
     void PlanetsConjunctMC();
+    // The working copy's MC in major aspect to natal positions.
     void MCAspects();
+    // Natal positions in the sign they rule.
     void FinalDispositors();
+    // Mutual receptions by sign among the natal positions.
     void MutualReceptions();
+    // The natal body rising before the natal Sun.
     void OrientalPlanet();
+    // Quintile and quindecile pairs of natal positions.
     void Quintiles();
     void Quindeciles();
+    // Natal planets without a major aspect among the natal positions.
     void PeregrinePlanets();
+    // The Moon's house from the working copy's house labels (PlanetHouse),
+    // its sign from the natal copy.
     void MoonHouseAndSign();
+    // Natal positions at the Aries Point.
     void AriesPointBodies();
+    // Four or more planets in one house of the working copy's house labels.
     void Stelliums();
+    // Natal positions configured with the natal Sun/Moon and Jupiter/Pluto
+    // midpoints.
     void SunMoonMidpointRule();
     void JupPlutoMidpointRule();
+    // The dispositor of each natal position.
     void DispositorLines();
+    // Midpoints of natal pairs configured with the Aries Point.
     void APMidpoints();
+    // Midpoints of natal pairs configured with the working copy's MC.
     void MCMidpoints();
+    // Midpoints of natal pairs configured with natal Mercury.
     void MercuryMidpoints();
 
     // The aspect number of a pair under the career orbs (1, 2, 13, 3, 4, 16

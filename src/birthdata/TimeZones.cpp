@@ -7,8 +7,6 @@
 
 namespace kal {
 
-namespace {} // namespace
-
 Message TzCorruptMessage() {
     return {"The file TZ.DAT is corrupt.", "Error!", Icon::Critical};
 }

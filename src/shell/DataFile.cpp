@@ -141,9 +141,5 @@ Message CourierMissingMessage() {
             "CONTROL PANEL - FONTS.",
             "Information!", Icon::Exclamation};
 }
-Message OutOfMemoryPrintMessage() {
-    return {"Out of memory. I will print what I can. The remainder will be lost.", "Information",
-            Icon::Exclamation};
-}
 
 } // namespace kal

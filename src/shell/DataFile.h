@@ -65,6 +65,5 @@ Message NoDataToWriteMessage();
 Message NoDataToPrintMessage();
 Message AllDataClearedMessage();
 Message CourierMissingMessage();
-Message OutOfMemoryPrintMessage();
 
 } // namespace kal

@@ -39,17 +39,6 @@ TEST(Dignities, FacesRunInTheChaldeanOrderAndTermsCloseEachSign) {
     }
 }
 
-TEST(Dignities, RulersWithAndWithoutTheOuterPlanets) {
-    EXPECT_EQ(DomicileRuler(8), Mars);
-    EXPECT_EQ(ModernRuler(8), Pluto);
-    EXPECT_EQ(ModernRuler(11), Uranus);
-    EXPECT_EQ(ModernRuler(12), Neptune);
-    EXPECT_EQ(ModernRuler(5), Sun);
-    EXPECT_TRUE(RulesSign(Saturn, 11, true));
-    EXPECT_FALSE(RulesSign(Uranus, 11, false));
-    EXPECT_TRUE(RulesSign(Uranus, 11, true));
-}
-
 TEST(Dignities, LowerBoundsBelongToTheRange) {
     EXPECT_EQ(TermRuler(30.0), Venus);
     EXPECT_EQ(TermRuler(29.999), Saturn);

@@ -19,28 +19,6 @@ TEST(ChartTables, CuspIndexFromTheTenthHouse) {
     EXPECT_EQ(CuspIndexOfHouse(1), 4);
     EXPECT_EQ(CuspIndexOfHouse(9), 12);
     for (int h = 1; h <= 12; ++h) EXPECT_EQ(HouseOfCuspIndex(CuspIndexOfHouse(h)), h);
-    EXPECT_EQ(HouseLabel(1), "10TH");
-    EXPECT_EQ(HouseLabel(4), " 1ST");
-    EXPECT_EQ(HouseLabel(12), " 9TH");
-}
-
-TEST(ChartTables, NamesByBodyAndByListingPosition) {
-    EXPECT_EQ(PlanetName[10], "Moon");
-    EXPECT_EQ(PlanetKey[2], "Moon");
-    EXPECT_EQ(KeyBody[2], Moon);
-    EXPECT_EQ(PlanetName[13], "MC ");
-    EXPECT_EQ(PlanetNamesField(11), "N. Node   ");
-    EXPECT_EQ(PlanetNamesField(13), "MC        ");
-    EXPECT_EQ(PlanetName9[11], "NN       ");
-    EXPECT_EQ(PlanetNames.size(), 130u);
-    EXPECT_EQ(AspectNames.size(), 16u * 12);
-    EXPECT_EQ(AspectName(4), "square      ");
-    EXPECT_EQ(AspectName(16), "bi-quintile ");
-    EXPECT_EQ(AspectName(1), "            ");
-    EXPECT_EQ(AspectAngle[17], 165);
-    EXPECT_EQ(AspectAngle[15], 108);
-    EXPECT_EQ(HouseSystemName('B'), "Alcabitus");
-    EXPECT_EQ(HouseSystemName('O'), "Porphyry");
 }
 
 TEST(ChartTables, MidpointOnTheShorterArc) {
