@@ -19,24 +19,6 @@ std::optional<int> Digits(std::string_view text) {
     return std::stoi(t);
 }
 
-std::optional<double> Number(std::string_view text) {
-    std::string t = Trim(text);
-    if (t.empty()) return std::nullopt;
-    size_t i = 0;
-    if (t[0] == '-' || t[0] == '+') ++i;
-    bool digit = false, point = false;
-    for (; i < t.size(); ++i) {
-        if (std::isdigit(static_cast<unsigned char>(t[i])))
-            digit = true;
-        else if (t[i] == '.' && !point)
-            point = true;
-        else
-            return std::nullopt;
-    }
-    if (!digit) return std::nullopt;
-    return Val(t);
-}
-
 std::string Two(int n) {
     return FormatNumber(n, "00");
 }
@@ -95,7 +77,7 @@ std::optional<Message> TransferPlace(const CityRecord& c, InputFields& in) {
     if (!lonMin) return CityFormatError();
     in.txtLongMin = std::to_string(*lonMin);
 
-    auto tz = Number(c.PlaceTZ);
+    auto tz = NumberText(c.PlaceTZ);
     if (!tz) return CityFormatError();
     in.txtTZ = NumText(*tz);
 
