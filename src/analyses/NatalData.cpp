@@ -61,12 +61,16 @@ std::string ChartDateText(const Chart& c, int dateOrder) {
     return FormatDateDMY({c.ChartDay, c.ChartMonth, c.ChartYear});
 }
 
+std::string ChartDataLine(const Chart& c, int dateOrder) {
+    return ChartDateText(c, dateOrder) + "    TZ = " + FormatSingle(c.ChartTZ, "##0.0") + "      " +
+           FormatSingle(c.ChartTime, "#0.00") + " " + c.ChartAMPM + "   " +
+           FmtCoord(c.ChartLong, c.ChartEW) + "    " + FmtCoord(c.ChartLat, c.ChartNS);
+}
+
 void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out) {
     out.AppendBlankLine();
     out.Append("  " + c.ChartName);
-    out.Append("  " + ChartDateText(c, dateOrder) + "    TZ = " + FormatSingle(c.ChartTZ, "##0.0") +
-               "      " + FormatSingle(c.ChartTime, "#0.00") + " " + c.ChartAMPM + "   " +
-               FmtCoord(c.ChartLong, c.ChartEW) + "    " + FmtCoord(c.ChartLat, c.ChartNS));
+    out.Append("  " + ChartDataLine(c, dateOrder));
 }
 
 void ListCusps(const Chart& c, OutputBuffer& out) {

@@ -28,6 +28,9 @@ std::string FmtCoord(double degMin, const std::string& direction);
 // The entered date as "dd mmm yyyy".
 std::string ChartDateText(const Chart& c, int dateOrder);
 
+// The chart's data line without its indent: date, zone, time and place, as
+// the header's third line and the report's title page show it.
+std::string ChartDataLine(const Chart& c, int dateOrder);
 // The three header lines every listing page starts with.
 void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out);
 // The cusp block and the body block of the natal copy.

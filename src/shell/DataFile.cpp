@@ -21,23 +21,18 @@ void AppendLine(std::string& out, std::string_view line) {
 
 } // namespace
 
+PageLayout DataSaveLayout(float linesPerPage) {
+    PageLayout layout;
+    layout.firstCount = 1;
+    layout.pageEndAt = linesPerPage;
+    layout.textFormFeedsRestart = true;
+    layout.end = PageLayout::End::FormFeedUnlessTextHadOne;
+    return layout;
+}
+
 std::string SavedDataBytes(const std::vector<std::string>& lines, float linesPerPage) {
     std::string out;
-    int counter = 1;
-    bool sawFormFeed = false;
-    for (const auto& line : lines) {
-        AppendLine(out, line);
-        if (IsFormFeedLine(line)) {
-            counter = 0;
-            sawFormFeed = true;
-        }
-        if (static_cast<float>(counter) == linesPerPage) {
-            AppendLine(out, "\f");
-            counter = 0;
-        }
-        ++counter;
-    }
-    if (!sawFormFeed) AppendLine(out, "\f");
+    for (const auto& line : PagedLines(lines, DataSaveLayout(linesPerPage))) AppendLine(out, line);
     return out;
 }
 

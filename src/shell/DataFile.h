@@ -10,16 +10,15 @@
 #include <vector>
 
 #include "base/Message.h"
+#include "base/Pages.h"
 
 namespace kal {
 
 struct OutputBuffer;
 
-// A line holding a single form feed ends a page.
-inline bool IsFormFeedLine(std::string_view line) {
-    return line == "\f";
-}
-
+// How Save pages the data: a form-feed line after every `linesPerPage`
+// lines (option 45), restarted by a form-feed line in the data.
+PageLayout DataSaveLayout(float linesPerPage);
 // The bytes Save writes for `lines` (AllLines with its spare empty element):
 // each line with CR LF; after every `linesPerPage` lines (option 45) a line
 // holding a form feed; a form-feed line in the data restarts the count; when

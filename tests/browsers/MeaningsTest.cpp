@@ -1,0 +1,201 @@
+// The meanings window's checks and keys, the text routines it shares with
+// the keyword lessons, and the keywords grid's topics.
+#include <gtest/gtest.h>
+
+#include "TestSupport.h"
+#include "browsers/Keywords.h"
+#include "browsers/Meanings.h"
+#include "base/Passages.h"
+#include "base/TextFile.h"
+
+using namespace kal;
+
+namespace {
+
+BrowserSelections Selected(short planet, short planet2 = 1, short aspect = 2, short sign = 6,
+                           short house = 6) {
+    BrowserSelections s;
+    s.SelPlanet = planet;
+    s.SelPlanet2 = planet2;
+    s.SelAspect = aspect;
+    s.SelSign = sign;
+    s.SelHouse = house;
+    return s;
+}
+
+std::string Refusal(const LookupResult& r) {
+    if (auto* m = std::get_if<Message>(&r)) {
+        EXPECT_EQ(m->caption, "Information");
+        EXPECT_EQ(m->icon, Icon::Exclamation);
+        return m->text;
+    }
+    return "";
+}
+
+TextLookup Passed(const LookupResult& r) {
+    if (auto* t = std::get_if<TextLookup>(&r)) return *t;
+    ADD_FAILURE() << "refused: " << std::get<Message>(r).text;
+    return {};
+}
+
+} // namespace
+
+TEST(Meanings, SignAndHouseLookups) {
+    EXPECT_EQ(Passed(PlanetInSignLookup(Selected(0, 1, 2, 0))),
+              (TextLookup{"\\SIGN_Ari.TXT", "SUN in"}));
+    // Capricorn by its caption's first letters; the file is found as
+    // SIGN_Cpr.TXT by the reader.
+    EXPECT_EQ(Passed(PlanetInSignLookup(Selected(6, 1, 2, 9))),
+              (TextLookup{"\\SIGN_Cap.TXT", "SATURN in"}));
+    for (short p : {7, 8, 9})
+        EXPECT_EQ(Refusal(PlanetInSignLookup(Selected(p))),
+                  "Uranus - Pluto sign positions are not delineated.");
+    // The Ascendant with "Planet in sign" shows the selected rising sign.
+    EXPECT_EQ(Passed(PlanetInSignLookup(Selected(10, 1, 2, 9))),
+              (TextLookup{"\\RISING.TXT", "CAPRICORN rising"}));
+    EXPECT_EQ(Passed(PlanetInHouseLookup(Selected(1, 1, 2, 0, 9))),
+              (TextLookup{"\\HOUSE_10.TXT", "MOON in"}));
+    EXPECT_EQ(Passed(PlanetInHouseLookup(Selected(9, 1, 2, 0, 0))),
+              (TextLookup{"\\HOUSE_1.TXT", "PLUTO in"}));
+    EXPECT_EQ(Refusal(PlanetInHouseLookup(Selected(10))),
+              "The Ascendant is always the 1st house cusp. It cannot be in a house.");
+}
+
+TEST(Meanings, AspectChecksInTheirOrder) {
+    EXPECT_EQ(Refusal(AspectLookup(Selected(1, 0))),
+              "Please select a higher planet on the left than on the right.");
+    EXPECT_EQ(Passed(AspectLookup(Selected(0, 1))),
+              (TextLookup{"\\Sun.TXT", "Sun discordant to Moon"}));
+    EXPECT_EQ(Refusal(AspectLookup(Selected(4, 4))),
+              "A planet cannot aspect itself. Select a different planet.");
+    // The Ascendant is always the second point and names its file's key in
+    // full.
+    EXPECT_EQ(Refusal(AspectLookup(Selected(10, 10))),
+              "A planet cannot aspect itself. Select a different planet.");
+    EXPECT_EQ(Passed(AspectLookup(Selected(9, 10, 1))),
+              (TextLookup{"\\Pluto.TXT", "Pluto harmonizing with Ascendant"}));
+
+    const std::string mercury =
+        "Mercury can never by far enough away from the Sun to have this kind of aspect.";
+    const std::string venusSun =
+        "Venus can never by far enough away from the Sun to have this kind of aspect.";
+    const std::string venusMercury =
+        "Venus can never by far enough away from Mercury to have this kind of aspect.";
+    EXPECT_EQ(Passed(AspectLookup(Selected(0, 2, 0))).key, "Sun blending with Mercury");
+    EXPECT_EQ(Refusal(AspectLookup(Selected(0, 2, 1))), mercury);
+    EXPECT_EQ(Refusal(AspectLookup(Selected(0, 2, 2))), mercury);
+    EXPECT_EQ(Passed(AspectLookup(Selected(0, 3, 1))).key, "Sun harmonizing with Venus");
+    EXPECT_EQ(Refusal(AspectLookup(Selected(0, 3, 2))), venusSun);
+    EXPECT_EQ(Passed(AspectLookup(Selected(2, 3, 1))).key, "Mercury harmonizing with Venus");
+    EXPECT_EQ(Refusal(AspectLookup(Selected(2, 3, 2))), venusMercury);
+    // The order matters: a reversed pair is refused before the Sun-Mercury
+    // check.
+    EXPECT_EQ(Refusal(AspectLookup(Selected(2, 0, 2))),
+              "Please select a higher planet on the left than on the right.");
+}
+
+TEST(Meanings, CapricornAndTheAscendantFindWhatTheReportFinds) {
+    test::ScratchAppDir dir;
+    dir.Write("SIGN_Cpr.TXT", "SUN IN CAPRICORN\r\nsteady climb\r\n*\r\n");
+    dir.Write("Sun.TXT", "SUN BLENDING WITH ASCENDANT\r\nseen at once\r\n*\r\n");
+    OutputBuffer meanings, report;
+    BrowserSelections s = Selected(0, 10, 0, 9);
+    EXPECT_TRUE(ShowLookup(meanings, dir.path(), s, Passed(PlanetInSignLookup(s))).empty());
+    EXPECT_EQ(s.TextFilePath, "\\SIGN_Cap.TXT");
+    EXPECT_EQ(s.TextKey, "SUN in");
+    EXPECT_EQ(meanings.PageLines,
+              (std::vector<std::string>{"", "  SUN IN CAPRICORN", "  steady climb", ""}));
+    EXPECT_TRUE(ShowTextSection(report, dir.path(), "SIGN_Cpr.TXT", "Sun in").empty());
+    EXPECT_EQ(report.PageLines[0], "  SUN IN CAPRICORN");
+
+    // The window's key "Ascendant" and the report's "Asc" find one heading.
+    meanings.ClearDataPage();
+    report.ClearDataPage();
+    EXPECT_TRUE(ShowLookup(meanings, dir.path(), s, Passed(AspectLookup(s))).empty());
+    EXPECT_TRUE(ShowTextSection(report, dir.path(), "\\Sun.TXT", "Sun blending with Asc").empty());
+    EXPECT_EQ(meanings.PageLines[1], "  SUN BLENDING WITH ASCENDANT");
+    EXPECT_EQ(report.PageLines[0], "  SUN BLENDING WITH ASCENDANT");
+}
+
+TEST(Meanings, TextRoutinesIndentAndReportAMissingFile) {
+    test::ScratchAppDir dir;
+    dir.Write("RISING.TXT", "  LIBRA RISING\r\nbalance\r\n []\r\nSCORPIO RISING\r\n");
+    OutputBuffer out;
+    out.Append("old page");
+    BrowserSelections s;
+    // The key that is not found writes nothing after the page's blank line.
+    EXPECT_TRUE(ShowLookup(out, dir.path(), s, {"\\RISING.TXT", "LEO rising"}).empty());
+    EXPECT_EQ(out.PageLines, (std::vector<std::string>{"", ""}));
+    EXPECT_TRUE(ShowLookup(out, dir.path(), s, RisingSignLookup(s)).empty());
+    EXPECT_EQ(out.PageLines, (std::vector<std::string>{"", "    LIBRA RISING", "  balance", ""}));
+
+    out.ClearDataPage();
+    EXPECT_TRUE(ShowTextFile(out, dir.path(), "\\rising.txt").empty());
+    EXPECT_EQ(out.PageCount(), 4u);
+    EXPECT_EQ(out.PageLines[2], "   []");
+
+    out.ClearDataPage();
+    Messages m = ShowTextFile(out, dir.path(), "\\GONE.TXT");
+    ASSERT_EQ(m.size(), 1u);
+    EXPECT_EQ(m[0], CannotFindFileMessage(dir.path() / "GONE.TXT"));
+    EXPECT_EQ(m[0].caption, "Warning!");
+    EXPECT_EQ(m[0].icon, Icon::Critical);
+    EXPECT_EQ(out.PageCount(), 0u);
+    std::filesystem::remove(dir.path() / "SIGN_Lib.TXT");
+    m = ShowLookup(out, dir.path(), s, {"\\SIGN_Lib.TXT", "SUN in"});
+    ASSERT_EQ(m.size(), 1u);
+    EXPECT_EQ(m[0].text,
+              "Cannot find the file called " + (dir.path() / "SIGN_Lib.TXT").string() + ".");
+    // The page keeps its blank line; the caller still shows it.
+    EXPECT_EQ(out.PageCount(), 1u);
+}
+
+TEST(KeywordSystem, LessonFiles) {
+    EXPECT_EQ(SignLessonFile(0), "\\ARI.TXT");
+    EXPECT_EQ(SignLessonFile(9), "\\CAP.TXT");
+    EXPECT_EQ(SignLessonFile(11), "\\PIS.TXT");
+    EXPECT_EQ(HouseLessonFile(0), "\\1.TXT");
+    EXPECT_EQ(HouseLessonFile(11), "\\12.TXT");
+    EXPECT_EQ(PlanetLessonFile(0), "\\The_Sun.TXT");
+    EXPECT_EQ(PlanetLessonFile(1), "\\Moo.TXT");
+    EXPECT_EQ(PlanetLessonFile(9), "\\Plu.TXT");
+}
+
+TEST(Keywords, TopicTexts) {
+    auto moon = KeywordTopicMessage("Moon");
+    ASSERT_TRUE(moon);
+    EXPECT_EQ(moon->caption, "Moon");
+    EXPECT_EQ(moon->icon, Icon::Information);
+    // The two pieces of the meaning join with the blank that ends the first.
+    EXPECT_NE(moon->text.find("with physical life which are disturbing"), std::string::npos);
+    EXPECT_NE(moon->text.find("greatest need.\n\nBest quality: Adaptability\nWorst quality: "
+                              "Inconstancy\nThought series: Domestic"),
+              std::string::npos);
+    EXPECT_EQ(moon->text.back(), 'c');
+
+    auto leo = KeywordTopicMessage("Leo");
+    ASSERT_TRUE(leo);
+    EXPECT_EQ(leo->text.substr(0, leo->text.find('\n')),
+              "In the house where Leo rules the cusp is where:");
+    EXPECT_EQ(leo->text.substr(leo->text.find('\n'), 6), "\n\nyou ");
+
+    auto fixed = KeywordTopicMessage("Fixed");
+    ASSERT_TRUE(fixed);
+    EXPECT_EQ(fixed->text.substr(0, 11), "Determined,");
+    auto aspects = KeywordTopicMessage("Aspects");
+    ASSERT_TRUE(aspects);
+    EXPECT_EQ(std::count(aspects->text.begin(), aspects->text.end(), '\n'), 4);
+    EXPECT_EQ(aspects->text.substr(0, 14), "Conjunction   ");
+
+    // The empty cells of rows 4 and 8 show nothing; every other cell does.
+    EXPECT_FALSE(KeywordTopicMessage(KeywordGrid[4][3]));
+    EXPECT_FALSE(KeywordTopicMessage(KeywordGrid[8][3]));
+    int topics = 0;
+    for (const auto& row : KeywordGrid)
+        for (auto cell : row)
+            if (!cell.empty()) {
+                EXPECT_TRUE(KeywordTopicMessage(cell)) << cell;
+                ++topics;
+            }
+    EXPECT_EQ(topics, 46);
+}
