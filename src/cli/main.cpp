@@ -28,7 +28,8 @@ const char* kUsage =
     "  natal     the page of Data > Natal Data\n"
     "  aspects   the page of Data > Natal Aspects\n"
     "  career    the page of Data > Kaltroval factors\n"
-    "  cosmic    the page of Data > Cosmic State\n";
+    "  cosmic    the page of Data > Cosmic State\n"
+    "  report    the natal report as Save writes it (LF line ends)\n";
 
 // A listing command: runs on a calculated chart and leaves its page in the
 // output buffer.
@@ -41,6 +42,7 @@ const std::map<std::string, Command>& Commands() {
         {"aspects", [](Session& s) { return s.CmdNatalAspects(); }},
         {"career", [](Session& s) { return s.CmdCareerFactors(); }},
         {"cosmic", [](Session& s) { return s.CmdCosmicState(); }},
+        {"report", [](Session& s) { return s.CmdNatalReport(); }},
     };
     return commands;
 }
@@ -51,7 +53,9 @@ void PrintMessages(const Messages& msgs) {
 
 // Moves the record into the input fields, calculates as OK does and runs the
 // command. Returns the exit status.
-int RunRecord(Session& s, BirthRecord rec, const Command& cmd, bool calcPage) {
+int RunRecord(Session& s, BirthRecord rec, const std::string& command) {
+    const Command& cmd = Commands().at(command);
+    const bool calcPage = command == "page";
     InputFields in = s.calc.input;
     if (auto err = TransferRecord(rec, s.regional.DateOrder, in)) {
         PrintMessages({*err});
@@ -74,7 +78,14 @@ int RunRecord(Session& s, BirthRecord rec, const Command& cmd, bool calcPage) {
         PrintMessages(msgs);
         return 1;
     }
-    std::fputs(PageText(s.listing.out, "\n").c_str(), stdout);
+    if (command == "report") {
+        for (const auto& line : ReportPagedLines(s.report, s.options)) {
+            std::fputs(line.c_str(), stdout);
+            std::fputc('\n', stdout);
+        }
+    } else {
+        std::fputs(PageText(s.listing.out, "\n").c_str(), stdout);
+    }
     return 0;
 }
 
@@ -161,7 +172,7 @@ int main(int argc, char** argv) {
         PrintMessages(list.errors);
         if (batch) {
             for (const auto& rec : list.records) {
-                int st = RunRecord(s, rec, it->second, command == "page");
+                int st = RunRecord(s, rec, command);
                 if (st != 0) status = st;
             }
         } else {
@@ -171,8 +182,7 @@ int main(int argc, char** argv) {
                           << "\n";
                 return 65;
             }
-            status =
-                RunRecord(s, list.records[static_cast<size_t>(idx)], it->second, command == "page");
+            status = RunRecord(s, list.records[static_cast<size_t>(idx)], command);
         }
     } else if (!record.empty()) {
         auto rec = ParseRecordLine(record);
@@ -180,7 +190,7 @@ int main(int argc, char** argv) {
             std::cerr << "kaltrova-cli: not a names-file record: " << record << "\n";
             return 65;
         }
-        status = RunRecord(s, *rec, it->second, command == "page");
+        status = RunRecord(s, *rec, command);
     } else {
         std::cerr << "kaltrova-cli: give --record LINE or --names FILE --name NAME\n" << kUsage;
         return 64;

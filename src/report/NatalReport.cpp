@@ -50,6 +50,13 @@ void NatalReport::AppendReportSection(std::string_view key, const fs::path& file
     if (passage->ended) AppendReportBlank();
 }
 
+Messages NatalReportListing(const Chart& c, ListingTables& t, OutputBuffer& out) {
+    Messages msgs = NatalDataListing(c, t, out);
+    Messages aspects = NatalAspectsListing(c, t, out);
+    msgs.insert(msgs.end(), aspects.begin(), aspects.end());
+    return msgs;
+}
+
 std::vector<std::string> ReadPersonalLines(const fs::path& appPath) {
     return ReadLines(FindFile(appPath, "PERSONAL.NAM")).value_or(std::vector<std::string>{});
 }

@@ -10,10 +10,11 @@
 #include <string_view>
 #include <vector>
 
-#include "chart/Aspects.h"
-#include "chart/Chart.h"
+#include "analyses/Listings.h"
 #include "base/Options.h"
 #include "base/Pages.h"
+#include "chart/Aspects.h"
+#include "chart/Chart.h"
 
 namespace kal {
 
@@ -55,6 +56,10 @@ class ReportProgress {
 
 struct NatalReport {
     ReportLines Lines;
+    // The report's data page after its header: the natal data and the natal
+    // aspects, which also fill the aspect table the report reads.
+    Messages NatalReportListing(const Chart& c, ListingTables& t, OutputBuffer& out);
+
     // The lines of PERSONAL.NAM, centred at the foot of the title page.
     std::vector<std::string> PersonalLines;
     std::string ReportTitle;
@@ -85,6 +90,10 @@ struct ReportInputs {
     // Filled by the natal aspects listing of the report's data page.
     const AspectFoundTable& aspectFound;
 };
+
+// The report's data page after its header: the natal data and the natal
+// aspects, which also fill the aspect table the report reads.
+Messages NatalReportListing(const Chart& c, ListingTables& t, OutputBuffer& out);
 
 // The lines of PERSONAL.NAM in the program directory; none when it is
 // missing.

@@ -106,4 +106,13 @@ Messages Session::CmdHelpText(const std::string& helpFileName) {
     return HelpTextPage(paths.AppPath, helpFileName, listing.out);
 }
 
+Messages Session::CmdNatalReport(ReportProgress* progress) {
+    Messages msgs = RunListing(NatalReportListing, WorkingCopy::RestoreNatal);
+    // Without the natal orbs the report goes on without its aspects.
+    if (!msgs.empty()) listing.AspectFound = AspectFoundTable{};
+    BuildNatalReport(report, calc.chart,
+                     {paths.AppPath, options, regional.DateOrder, listing.AspectFound}, progress);
+    return msgs;
+}
+
 } // namespace kal

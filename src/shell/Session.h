@@ -18,6 +18,7 @@
 #include "chart/Calc.h"
 #include "chart/Chart.h"
 #include "chart/InputFields.h"
+#include "report/NatalReport.h"
 
 namespace kal {
 
@@ -66,6 +67,8 @@ struct Session {
     Regional regional;
     ChartState calc;
     ListingState listing;
+    // The last natal report, kept until the next one replaces it.
+    NatalReport report;
 
     // Sets AppPath, creates the program folders, points the ephemeris at
     // ephems/, reads the options and resets the paths, the update mode and
@@ -115,6 +118,11 @@ struct Session {
     Messages CmdCosmicState();
     // A help file in the data page.
     Messages CmdHelpText(const std::string& helpFileName);
+    // The natal report: the data page of the natal data and the natal
+    // aspects (which finds the aspects the report reads), then the report
+    // itself. `progress` may be null. When the natal orbs cannot be read
+    // the page is refused and the report has no aspects.
+    Messages CmdNatalReport(ReportProgress* progress = nullptr);
 
   private:
     CalcOutcome FinishCalculation();

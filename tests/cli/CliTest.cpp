@@ -11,6 +11,9 @@
 
 #include "TestSupport.h"
 #include "base/TextFile.h"
+#include "birthdata/Record.h"
+#include "report/NatalReport.h"
+#include "shell/Session.h"
 
 using kal::test::RunShell;
 using kal::test::ShellQuote;
@@ -131,4 +134,49 @@ TEST(CliInput, MissingOrbFileRefusesAspects) {
     // The natal data listing needs no orb file.
     EXPECT_EQ(RunShell(Cli(dir.path(), "natal --record " + ShellQuote(kExample))).out,
               Stored("example_natal_placidus.txt"));
+}
+
+TEST(CliReport, TheReportAsSaveWritesIt) {
+    kal::test::ScratchAppDir dir;
+    auto r = RunShell(Cli(dir.path(), "report --record " + ShellQuote(kExample)));
+    ASSERT_EQ(r.status, 0);
+    // The pages: 60 lines under the first form feed, 59 under the later ones
+    // (3 top lines, 51 of the report, 4 empty lines and the footer).
+    auto lines = kal::SplitLines(r.out);
+    auto pages = kal::SplitAtFormFeeds(lines);
+    ASSERT_GT(pages.size(), 10u);
+    EXPECT_EQ(lines.back(), "\f");
+    EXPECT_EQ(pages[0].size(), 60u);
+    EXPECT_EQ(pages[0][5], std::string(32, ' ') + "NATAL REPORT FOR");
+    EXPECT_EQ(pages[0][7], std::string(37, ' ') + "EXAMPLE");
+    EXPECT_EQ(pages[0][50], std::string(30, ' ') + "Jo Marren, Astrologer");
+    EXPECT_EQ(pages[0][59], "");
+    for (size_t p = 1; p < pages.size(); ++p) {
+        EXPECT_EQ(pages[p].size(), 59u) << p;
+        EXPECT_EQ(pages[p].back(), std::string(37, ' ') + "Page " + std::to_string(p + 1));
+    }
+    // The passages of this chart: Leo rising, the Sun in Taurus in the 10th
+    // house conjunct the Midheaven, the Sun square the Ascendant.
+    for (const char* heading : {"LEO RISING", "SUN IN TAURUS", "SUN IN THE TENTH HOUSE",
+                                "SUN BLENDING WITH M_HEAVEN", "SUN DISCORDANT TO ASCENDANT"})
+        EXPECT_NE(r.out.find(std::string("\n") + heading), std::string::npos) << heading;
+    // The data page of the command holds the natal data and the aspects.
+    auto page = *kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT");
+    EXPECT_NE(page.find("HOUSE CUSPS - Placidus"), std::string::npos);
+    EXPECT_NE(page.find("NATAL PLANET ASPECTS TO NATAL PLANETS"), std::string::npos);
+
+    // The same report saved by the program: the same lines with CR LF.
+    kal::Session s;
+    s.Open(dir.path());
+    auto rec = kal::ParseRecordLine(kExample);
+    ASSERT_TRUE(rec);
+    kal::InputFields in;
+    ASSERT_FALSE(kal::TransferRecord(*rec, s.regional.DateOrder, in));
+    ASSERT_TRUE(s.Calculate(in).calculated);
+    EXPECT_TRUE(s.CmdNatalReport().empty());
+    ASSERT_TRUE(kal::SaveReportFile(dir.path() / "n_report" / "saved.txt", s.report, s.options));
+    std::string crlf;
+    for (char ch : r.out) crlf += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
+    EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "n_report" / "saved.txt"), crlf);
+    s.Close();
 }
