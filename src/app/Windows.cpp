@@ -1,7 +1,9 @@
 #include "app/Windows.h"
 
 #include "birthdata/ui/Register.h"
+#include "browsers/ui/Register.h"
 #include "periphery/ui/Register.h"
+#include "report/ui/Register.h"
 #include "shell/ui/Register.h"
 
 namespace kal::ui {
@@ -10,6 +12,8 @@ void RegisterProgramWindows(AppContext& ctx) {
     RegisterShellWindows(ctx);
     RegisterBirthDataWindows(ctx);
     RegisterPeripheryWindows(ctx);
+    RegisterReportWindows(ctx);
+    RegisterBrowserWindows(ctx);
 }
 
 } // namespace kal::ui

@@ -1,7 +1,7 @@
 #include "browsers/Keywords.h"
 
-#include "browsers/Meanings.h"
 #include "base/VbText.h"
+#include "browsers/Meanings.h"
 
 namespace kal {
 
@@ -280,6 +280,14 @@ std::string PlanetLessonFile(short selPlanet) {
     std::string_view caption = LessonPlanetCaptions.at(static_cast<size_t>(selPlanet));
     if (selPlanet == 0) return "\\" + std::string(caption.substr(0, 3)) + "_Sun.TXT";
     return "\\" + std::string(caption.substr(0, 3)) + ".TXT";
+}
+
+Messages ShowLesson(OutputBuffer& out, const std::filesystem::path& appPath, BrowserSelections& s,
+                    std::string_view file) {
+    out.ClearDataPage();
+    out.AppendBlankLine();
+    s.TextFilePath = std::string(file);
+    return ShowTextFile(out, appPath, s.TextFilePath);
 }
 
 Message KeywordSystemHelpMessage() {

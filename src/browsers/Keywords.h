@@ -9,6 +9,8 @@
 #include <string_view>
 
 #include "base/Message.h"
+#include "base/OutputBuffer.h"
+#include "browsers/Meanings.h"
 
 namespace kal {
 
@@ -45,6 +47,12 @@ std::string SignLessonFile(short selSign);
 std::string HouseLessonFile(short selHouse);
 // "\The_Sun.TXT", "\Moo.TXT" .. "\Plu.TXT" for a planet button.
 std::string PlanetLessonFile(short selPlanet);
+
+// A lesson in the data page: an empty page, one blank line and the whole
+// file, each line after two blanks; TextFilePath is set to the file. The
+// caller shows the page (also after the missing-file message).
+Messages ShowLesson(OutputBuffer& out, const std::filesystem::path& appPath, BrowserSelections& s,
+                    std::string_view file);
 
 // The three hints of the delineation window's Help button.
 Message KeywordSystemHelpMessage();

@@ -137,4 +137,8 @@ Message CourierMissingMessage() {
             "Information!", Icon::Exclamation};
 }
 
+Message CannotWriteFileMessage(const std::string& file) {
+    return {"Cannot write the file " + file + ".", "Error!", Icon::Critical};
+}
+
 } // namespace kal

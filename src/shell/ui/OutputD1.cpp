@@ -188,8 +188,7 @@ void OutputD1::mnuClearBuffer_Click() {
 void OutputD1::writeData(const QString& file) {
     Session& s = ctx_.session();
     if (!SaveDataFile(file.toStdString(), s.listing.out.AllLines, s.options[45]))
-        ctx_.showMessage(
-            {"Cannot write the file " + file.toStdString() + ".", "Error!", Icon::Critical}, this);
+        ctx_.showMessage(CannotWriteFileMessage(file.toStdString()), this);
 }
 
 void OutputD1::mnuFileSave_Click() {

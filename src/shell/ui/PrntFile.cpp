@@ -1,12 +1,12 @@
 #include "shell/ui/PrntFile.h"
 
 #include <QApplication>
-#include <QPainter>
 #include <QPrinter>
 
 #include "base/TextFile.h"
 #include "shell/DataFile.h"
 #include "shell/ui/AppContext.h"
+#include "shell/ui/PrintText.h"
 #include "ui_PrntFile.h"
 
 namespace kal::ui {
@@ -57,24 +57,7 @@ void PrntFile::btnPrint_Click() {
     auto lines = ReadLines(PrintFilePath(s.paths.AppPath)).value_or(std::vector<std::string>{});
     auto pages = PrintPages(lines, s.options[30]);
 
-    QPainter painter;
-    if (painter.begin(&printer)) {
-        QFont f("Courier New");
-        f.setStyleHint(QFont::TypeWriter);
-        f.setPointSize(PrintFontSize(PrintWidthClass));
-        painter.setFont(f);
-        QFontMetrics fm(painter.font(), &printer);
-        const int lineHeight = fm.lineSpacing();
-        for (size_t p = 0; p < pages.size(); ++p) {
-            if (p > 0) printer.newPage();
-            int y = fm.ascent();
-            for (const auto& line : pages[p]) {
-                painter.drawText(0, y, QString::fromStdString(line));
-                y += lineHeight;
-            }
-        }
-        painter.end();
-    }
+    PrintTextPages(printer, pages, PrintFontSize(PrintWidthClass));
     QApplication::restoreOverrideCursor();
     close();
 }

@@ -54,10 +54,12 @@ inline constexpr WindowName CWAspect{"CWAspect"};
 inline constexpr WindowName MEANINGS{"MEANINGS"};
 inline constexpr WindowName Keywords{"Keywords"};
 inline constexpr WindowName KEY_WORD{"KEY_WORD"};
-// The periphery: about window, tip of the day, personal header editor.
+// The natal report's viewer and the personal header editor.
+inline constexpr WindowName Report{"Report"};
+inline constexpr WindowName P_Name{"P_Name"};
+// The periphery: about window, tip of the day.
 inline constexpr WindowName About{"About"};
 inline constexpr WindowName frmTip{"frmTip"};
-inline constexpr WindowName P_Name{"P_Name"};
 } // namespace win
 
 // Commands that are not a window of their own.

@@ -1,0 +1,274 @@
+// The natal report's windows: the command with its data page and viewer,
+// the viewer's moves by button and key, Save and Save As in n_report with
+// the report's pages, printing to a PDF file, and the personal header
+// editor; screenshots.
+#include <QFileInfo>
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <filesystem>
+
+#include "ShellUiSupport.h"
+#include "base/TextFile.h"
+#include "report/ui/P_Name.h"
+#include "report/ui/Report.h"
+#include "shell/ui/OutputD1.h"
+#include "shell/ui/StatusDlg.h"
+
+using namespace kal;
+using kal::test::StartedProgram;
+namespace fs = std::filesystem;
+
+class ReportWindowsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void reportCommandShowsTheDataPageAndTheViewer();
+    void viewerMovesByButtonsAndKeys();
+    void shortReportsStayOnTheirFirstScreen();
+    void saveAndSaveAsWriteTheReportsPages();
+    void printGivesOnePdfPageForEachSavedPage();
+    void headerEditor();
+};
+
+namespace {
+
+ui::Report* Viewer(StartedProgram& p) {
+    return p.ctx->windowAs<ui::Report>(ui::win::Report);
+}
+
+QPlainTextEdit* Text(QWidget* w) {
+    return w->findChild<QPlainTextEdit*>("txtContent");
+}
+
+QPushButton* Button(QWidget* w, const char* name) {
+    return w->findChild<QPushButton*>(name);
+}
+
+// A report of `n` lines "line 0" .. and the viewer opened on it.
+ui::Report* OpenOn(StartedProgram& p, int n) {
+    p.session.report.Lines.Clear();
+    for (int k = 0; k < n; ++k) p.session.report.Lines.Append("line " + std::to_string(k));
+    p.ctx->unloadWindow(ui::win::Report);
+    return qobject_cast<ui::Report*>(p.ctx->showWindow(ui::win::Report));
+}
+
+QString FirstLine(ui::Report* r) {
+    return Text(r)->toPlainText().section('\n', 0, 0);
+}
+
+int PdfPages(const QString& file) {
+    QFile f(file);
+    if (!f.open(QIODevice::ReadOnly)) return -1;
+    return static_cast<int>(
+        QString::fromLatin1(f.readAll()).count(QRegularExpression("/Type\\s*/Page[^s]")));
+}
+
+} // namespace
+
+void ReportWindowsTest::reportCommandShowsTheDataPageAndTheViewer() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    p.trigger("mnuReportNatal");
+    QVERIFY(p.dialogs->messages.empty());
+    auto* viewer = Viewer(p);
+    QVERIFY(viewer && viewer->isVisible());
+    QCOMPARE(viewer->windowTitle(), QString("Kaltrova (Tropical zodiac) - REPORT"));
+    // The first screen: 23 lines of the title page.
+    const QString text = Text(viewer)->toPlainText();
+    QCOMPARE(text.count('\n'), 23);
+    QCOMPARE(text.section('\n', 5, 5), QString(32, ' ') + "NATAL REPORT FOR");
+    QCOMPARE(text.section('\n', 7, 7), QString(37, ' ') + "EXAMPLE");
+    QVERIFY(p.session.report.ReportLineCount() > 1000);
+    // The data window holds the natal data and the natal aspects.
+    auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
+    QVERIFY(data);
+    QVERIFY(data->RichText1->toPlainText().contains("HOUSE CUSPS - Placidus"));
+    QVERIFY(data->RichText1->toPlainText().contains("NATAL PLANET ASPECTS TO NATAL PLANETS"));
+    // The progress window has gone.
+    QVERIFY(!p.main->findChild<ui::StatusDlg*>());
+
+    // Down to the rising sign's passage for the picture.
+    while (!Text(viewer)->toPlainText().contains("LEO RISING"))
+        Button(viewer, "cmdPageDOWN")->click();
+    test::SaveScreenshot(viewer, "report_viewer");
+}
+
+void ReportWindowsTest::viewerMovesByButtonsAndKeys() {
+    StartedProgram p;
+    ui::Report* r = OpenOn(p, 100);
+    QVERIFY(r);
+    QCOMPARE(FirstLine(r), QString("line 0"));
+    QCOMPARE(Text(r)->toPlainText().count('\n'), 23);
+
+    Button(r, "cmdPageDOWN")->click();
+    QCOMPARE(r->ReportTopLine, short(23));
+    QCOMPARE(FirstLine(r), QString("line 23"));
+    Button(r, "cmdDown1")->click();
+    QCOMPARE(FirstLine(r), QString("line 24"));
+    Button(r, "cmdUp1")->click();
+    Button(r, "cmdPageUP")->click();
+    QCOMPARE(r->ReportTopLine, short(0));
+    // Page up from the first page stays at line 0.
+    Button(r, "cmdPageUP")->click();
+    QCOMPARE(r->ReportTopLine, short(0));
+    QCOMPARE(FirstLine(r), QString("line 0"));
+
+    // The keys, in the text box and on the page buttons alike: Page Down,
+    // End a line down, Home a line up, Page Up.
+    QTest::keyClick(Text(r), Qt::Key_PageDown);
+    QCOMPARE(r->ReportTopLine, short(23));
+    QTest::keyClick(Button(r, "cmdPageDOWN"), Qt::Key_End);
+    QCOMPARE(r->ReportTopLine, short(24));
+    QTest::keyClick(Button(r, "cmdPageUP"), Qt::Key_Home);
+    QCOMPARE(r->ReportTopLine, short(23));
+    QTest::keyClick(Button(r, "cmdSave"), Qt::Key_PageUp);
+    QCOMPARE(r->ReportTopLine, short(0));
+    QTest::keyClick(r, Qt::Key_Home);
+    QCOMPARE(r->ReportTopLine, short(0));
+
+    // The last screen holds the empty line after the report; page down
+    // stops once the screen would start beyond it.
+    for (int k = 0; k < 10; ++k) QTest::keyClick(Text(r), Qt::Key_PageDown);
+    QCOMPARE(r->ReportTopLine, short(92));
+    QCOMPARE(FirstLine(r), QString("line 92"));
+    QCOMPARE(Text(r)->toPlainText().count('\n'), 9);
+    QTest::keyClick(Text(r), Qt::Key_End);
+    QCOMPARE(r->ReportTopLine, short(92));
+
+    Button(r, "btnCancel")->click();
+    QTRY_VERIFY(!Viewer(p));
+}
+
+void ReportWindowsTest::shortReportsStayOnTheirFirstScreen() {
+    StartedProgram p;
+    // 20 lines: 0 + 22 is beyond the report, page down does nothing.
+    ui::Report* r = OpenOn(p, 20);
+    Button(r, "cmdPageDOWN")->click();
+    Button(r, "cmdDown1")->click();
+    QCOMPARE(r->ReportTopLine, short(0));
+    QCOMPARE(Text(r)->toPlainText().count('\n'), 21);
+    // 22 lines: the screen may start just past the empty line after them.
+    r = OpenOn(p, 22);
+    Button(r, "cmdPageDOWN")->click();
+    QCOMPARE(r->ReportTopLine, short(23));
+    Button(r, "cmdPageDOWN")->click();
+    QCOMPARE(r->ReportTopLine, short(23));
+    // An empty report leaves the box as it is.
+    r = OpenOn(p, 0);
+    QVERIFY(Text(r)->toPlainText().isEmpty());
+}
+
+void ReportWindowsTest::saveAndSaveAsWriteTheReportsPages() {
+    StartedProgram p;
+    ui::Report* r = OpenOn(p, 0);
+    const size_t before = p.dialogs->messages.size();
+    Button(r, "cmdSave")->click();
+    Button(r, "cmdSaveAs")->click();
+    Button(r, "btnPrint")->click();
+    QCOMPARE(p.dialogs->messages.size(), before + 3);
+    const Message noData{"No data to write to file.", "Information", Icon::Exclamation};
+    QCOMPARE(p.dialogs->messages[before], noData);
+    QCOMPARE(p.dialogs->messages[before + 1], noData);
+    QCOMPARE(p.dialogs->messages[before + 2],
+             (Message{"No data to print.", "Information", Icon::Exclamation}));
+
+    r = OpenOn(p, 100);
+    p.session.options[131] = 60;
+    p.session.options[129] = 6;
+    p.session.options[132] = 3;
+    QString folder;
+    const fs::path chosen = p.dir.path() / "n_report" / "report.txt";
+    p.dialogs->onSaveAs = [&](const QString& f, const QString&) {
+        folder = f;
+        return QString();
+    };
+    // Save without a file name runs Save As in n_report; cancelled, nothing.
+    Button(r, "cmdSave")->click();
+    QCOMPARE(folder.toStdString(), (p.dir.path() / "n_report").string());
+    QVERIFY(p.session.paths.OutputFileName.empty());
+    QVERIFY(!fs::exists(chosen));
+
+    p.dialogs->onSaveAs = [&](const QString&, const QString&) {
+        return QString::fromStdString(chosen.string());
+    };
+    Button(r, "cmdSaveAs")->click();
+    QCOMPARE(p.session.paths.OutputFileName, chosen.string());
+    auto lines = SplitLines(ReadFileBytes(chosen).value());
+    QCOMPARE(lines.size(), size_t(121));
+    QCOMPARE(lines[54], std::string("line 54"));
+    QCOMPARE(lines[60], std::string("\f"));
+    QCOMPARE(lines[64], std::string("line 55"));
+    QCOMPARE(lines[119], std::string(37, ' ') + "Page 2");
+    QCOMPARE(lines[120], std::string("\f"));
+
+    // Save writes the shared file again, now with another report, without
+    // asking.
+    p.dialogs->onSaveAs = nullptr;
+    r = OpenOn(p, 10);
+    Button(r, "cmdSave")->click();
+    QCOMPARE(SplitLines(ReadFileBytes(chosen).value()).front(), std::string("line 0"));
+    QCOMPARE(SplitLines(ReadFileBytes(chosen).value()).size(), size_t(60 + 1));
+}
+
+void ReportWindowsTest::printGivesOnePdfPageForEachSavedPage() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    p.trigger("mnuReportNatal");
+    auto* r = Viewer(p);
+    QVERIFY(r);
+    const QString pdf = QString::fromStdString((p.dir.path() / "report.pdf").string());
+    p.dialogs->onPrinter = [&](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(pdf);
+        return true;
+    };
+    Button(r, "btnPrint")->click();
+    const auto pages = SplitAtFormFeeds(ReportPagedLines(p.session.report, p.session.options));
+    QCOMPARE(PdfPages(pdf), static_cast<int>(pages.size()));
+    QVERIFY(QFileInfo(pdf).size() > 10000);
+
+    // A cancelled printer prints nothing.
+    fs::remove(pdf.toStdString());
+    p.dialogs->onPrinter = nullptr;
+    Button(r, "btnPrint")->click();
+    QVERIFY(!QFileInfo::exists(pdf));
+}
+
+void ReportWindowsTest::headerEditor() {
+    StartedProgram missing(
+        [](const test::ScratchAppDir& d) { fs::remove(d.path() / "PERSONAL.NAM"); });
+    missing.trigger("mnuHeader");
+    QCOMPARE(missing.dialogs->messages.back(),
+             (Message{"PERSONAL.NAM file Not Found", "Warning!", Icon::Information}));
+    QVERIFY(!missing.ctx->window(ui::win::P_Name));
+
+    StartedProgram p;
+    const fs::path file = p.dir.path() / "PERSONAL.NAM";
+    const std::string original = ReadFileBytes(file).value();
+    p.trigger("mnuHeader");
+    auto* editor = p.ctx->windowAs<ui::P_Name>(ui::win::P_Name);
+    QVERIFY(editor && editor->isVisible());
+    QCOMPARE(editor->windowTitle(), QString("Edit: PERSONAL.NAM"));
+    QVERIFY(Text(editor)->toPlainText().startsWith("Jo Marren, Astrologer\n"));
+    test::SaveScreenshot(editor, "personal_header_editor");
+
+    // An unchanged save keeps the file exactly; an edit is written with
+    // CR LF and the window stays open.
+    Button(editor, "btnSave")->click();
+    QCOMPARE(ReadFileBytes(file).value(), original);
+    Text(editor)->setPlainText("A. N. Other\nConsulting Astrologer\n");
+    Button(editor, "btnSave")->click();
+    QCOMPARE(ReadFileBytes(file).value(), std::string("A. N. Other\r\nConsulting Astrologer\r\n"));
+    QVERIFY(editor->isVisible());
+    Text(editor)->setPlainText("not saved\n");
+    Button(editor, "btnQuit")->click();
+    QTRY_VERIFY(!p.ctx->window(ui::win::P_Name));
+    QCOMPARE(ReadFileBytes(file).value(), std::string("A. N. Other\r\nConsulting Astrologer\r\n"));
+}
+
+QTEST_MAIN(ReportWindowsTest)
+#include "report_windows_test.moc"
