@@ -1,18 +1,16 @@
 #include "periphery/HelpText.h"
 
+#include "base/Passages.h"
 #include "base/TextFile.h"
 
 namespace kal {
 
 Messages HelpTextPage(const std::filesystem::path& appPath, const std::string& helpFileName,
                       OutputBuffer& out) {
-    std::string name = helpFileName;
-    while (!name.empty() && (name.front() == '\\' || name.front() == '/')) name.erase(0, 1);
-    auto file = FindFile(appPath, name);
+    auto file = FindTextFile(appPath, helpFileName);
     out.ClearDataPage();
     auto lines = ReadLines(file);
-    if (!lines)
-        return {{"Cannot find the file called " + file.string() + ".", "Warning!", Icon::Critical}};
+    if (!lines) return {CannotFindFileMessage(file)};
     for (const auto& line : *lines) out.Append(line);
     out.AppendBlankLine();
     return {};

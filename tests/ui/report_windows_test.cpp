@@ -239,13 +239,6 @@ void ReportWindowsTest::printGivesOnePdfPageForEachSavedPage() {
 }
 
 void ReportWindowsTest::headerEditor() {
-    StartedProgram missing(
-        [](const test::ScratchAppDir& d) { fs::remove(d.path() / "PERSONAL.NAM"); });
-    missing.trigger("mnuHeader");
-    QCOMPARE(missing.dialogs->messages.back(),
-             (Message{"PERSONAL.NAM file Not Found", "Warning!", Icon::Information}));
-    QVERIFY(!missing.ctx->window(ui::win::P_Name));
-
     StartedProgram p;
     const fs::path file = p.dir.path() / "PERSONAL.NAM";
     const std::string original = ReadFileBytes(file).value();

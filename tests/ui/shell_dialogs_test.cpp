@@ -66,11 +66,12 @@ void DialogsTest::contextOpensWindowsByName() {
     QCOMPARE(recorded->messages.size(), size_t(1));
     QCOMPARE(recorded->messages[0],
              (Message{"Chartwheel is not available yet.", "Information", Icon::Information}));
-    ctx.runCommand(ui::cmd::ReportNatal, "Natal Report");
-    QCOMPARE(recorded->messages.back().text, std::string("Natal Report is not available yet."));
+    const ui::CommandName probeCommand{"ProbeCommand"};
+    ctx.runCommand(probeCommand, "Probe Command");
+    QCOMPARE(recorded->messages.back().text, std::string("Probe Command is not available yet."));
     int ran = 0;
-    ctx.registerCommand(ui::cmd::ReportNatal, [&](ui::AppContext&) { ++ran; });
-    ctx.runCommand(ui::cmd::ReportNatal, "Natal Report");
+    ctx.registerCommand(probeCommand, [&](ui::AppContext&) { ++ran; });
+    ctx.runCommand(probeCommand, "Probe Command");
     QCOMPARE(ran, 1);
 }
 

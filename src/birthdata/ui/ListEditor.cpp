@@ -13,6 +13,7 @@
 #include "birthdata/ui/Paths.h"
 #include "shell/EditorFile.h"
 #include "shell/ui/AppContext.h"
+#include "shell/ui/WindowLook.h"
 
 namespace kal::ui {
 
@@ -25,10 +26,7 @@ ListEditor::ListEditor(AppContext& ctx, const std::filesystem::path& file, Windo
     auto* lay = new QVBoxLayout(this);
     txtContent_ = new QPlainTextEdit(this);
     txtContent_->setObjectName("txtContent");
-    QFont mono("Courier New");
-    mono.setStyleHint(QFont::Monospace);
-    mono.setFixedPitch(true);
-    txtContent_->setFont(mono);
+    txtContent_->setFont(CourierFont());
     txtContent_->setLineWrapMode(QPlainTextEdit::NoWrap);
     lay->addWidget(txtContent_);
     auto* row = new QHBoxLayout;

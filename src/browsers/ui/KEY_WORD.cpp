@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -14,50 +13,29 @@
 
 namespace kal::ui {
 
-namespace {
-
-template <size_t N> QStringList Captions(const std::array<std::string_view, N>& captions) {
-    QStringList list;
-    for (auto c : captions) list << QString::fromLatin1(c.data(), qsizetype(c.size()));
-    return list;
-}
-
-QPushButton* Button(const char* name, const char* caption, QWidget* parent) {
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    return b;
-}
-
-} // namespace
-
 KEY_WORD::KEY_WORD(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_(ctx) {
     setObjectName("KEY_WORD");
     setWindowFlag(Qt::Window, true);
     setWindowTitle("Delineation by Keywords");
 
-    QMenu* file = menuBar()->addMenu("&File");
-    file->setObjectName("mnuFile");
-    file->menuAction()->setObjectName("mnuFile");
-    QAction* exit = file->addAction("E&xit");
-    exit->setObjectName("mnuFileExit");
-    connect(exit, &QAction::triggered, this, &KEY_WORD::mnuFileExit_Click);
+    connect(AddFileExitMenu(this), &QAction::triggered, this, &KEY_WORD::mnuFileExit_Click);
 
     auto* central = new QWidget(this);
     setCentralWidget(central);
-    Option1 = new OptionGroup("Option1", "Sign", Captions(SignCaptions), 2, central);
-    Option2 = new OptionGroup("Option2", "House", Captions(HouseCaptions), 2, central);
-    Option3 = new OptionGroup("Option3", "Planet", Captions(LessonPlanetCaptions), 2, central);
-    OKSign1 = Button("OKSign1", "Sign", central);
-    OKHouse1 = Button("OKHouse1", "House", central);
-    OKPlanet1 = Button("OKPlanet1", "Planet", central);
-    OKIntro1 = Button("OKIntro1", "Intro", central);
-    OKIntro2 = Button("OKIntro2", "Steps", central);
-    OKKey1 = Button("OKKey1", "Key", central);
-    OKGeneral1 = Button("OKGeneral1", "General", central);
-    OKExample1 = Button("OKExample1", "Example", central);
-    OKExample2 = Button("OKExample2", "Summary", central);
-    OKAspects = Button("OKAspects", "Aspects", central);
-    Command2 = Button("Command2", "Help", central);
+    Option1 = new OptionGroup("Option1", "Sign", CaptionList(SignCaptions), 2, central);
+    Option2 = new OptionGroup("Option2", "House", CaptionList(HouseCaptions), 2, central);
+    Option3 = new OptionGroup("Option3", "Planet", CaptionList(LessonPlanetCaptions), 2, central);
+    OKSign1 = NamedButton("OKSign1", "Sign", central);
+    OKHouse1 = NamedButton("OKHouse1", "House", central);
+    OKPlanet1 = NamedButton("OKPlanet1", "Planet", central);
+    OKIntro1 = NamedButton("OKIntro1", "Intro", central);
+    OKIntro2 = NamedButton("OKIntro2", "Steps", central);
+    OKKey1 = NamedButton("OKKey1", "Key", central);
+    OKGeneral1 = NamedButton("OKGeneral1", "General", central);
+    OKExample1 = NamedButton("OKExample1", "Example", central);
+    OKExample2 = NamedButton("OKExample2", "Summary", central);
+    OKAspects = NamedButton("OKAspects", "Aspects", central);
+    Command2 = NamedButton("Command2", "Help", central);
 
     // Each group with its own button under it; the general lessons in a
     // column on the right.

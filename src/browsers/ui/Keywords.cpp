@@ -9,7 +9,7 @@
 
 #include "browsers/Keywords.h"
 #include "shell/ui/AppContext.h"
-#include "shell/ui/SunkenFrame.h"
+#include "shell/ui/WindowLook.h"
 
 namespace kal::ui {
 

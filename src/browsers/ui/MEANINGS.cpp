@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
@@ -16,46 +15,25 @@
 
 namespace kal::ui {
 
-namespace {
-
-template <size_t N> QStringList Captions(const std::array<std::string_view, N>& captions) {
-    QStringList list;
-    for (auto c : captions) list << QString::fromLatin1(c.data(), qsizetype(c.size()));
-    return list;
-}
-
-QPushButton* Button(const char* name, const char* caption, QWidget* parent) {
-    auto* b = new QPushButton(caption, parent);
-    b->setObjectName(name);
-    return b;
-}
-
-} // namespace
-
 MEANINGS::MEANINGS(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_(ctx) {
     setObjectName("MEANINGS");
     setWindowFlag(Qt::Window, true);
     setWindowTitle("Natal Chart Meanings");
 
-    QMenu* file = menuBar()->addMenu("&File");
-    file->setObjectName("mnuFile");
-    file->menuAction()->setObjectName("mnuFile");
-    QAction* exit = file->addAction("E&xit");
-    exit->setObjectName("mnuFileExit");
-    connect(exit, &QAction::triggered, this, &MEANINGS::mnuFileExit_Click);
+    connect(AddFileExitMenu(this), &QAction::triggered, this, &MEANINGS::mnuFileExit_Click);
 
     auto* central = new QWidget(this);
     setCentralWidget(central);
-    Option1 = new OptionGroup("Option1", "Sign/Asc Sign", Captions(SignCaptions), 2, central);
-    Option2 = new OptionGroup("Option2", "Houses", Captions(HouseCaptions), 2, central);
-    Option3 = new OptionGroup("Option3", "Planets", Captions(PlanetCaptions), 1, central);
-    Option4 = new OptionGroup("Option4", "Aspects", Captions(AspectCaptions), 1, central);
-    Option5 = new OptionGroup("Option5", "2nd Planet", Captions(PlanetCaptions), 1, central);
-    OKSigns = Button("OKSigns", "Planet in &sign", central);
-    OKHouses = Button("OKHouses", "Planet &house", central);
-    OKRisingSign = Button("OKRisingSign", "&Rising sign", central);
-    OKAspects = Button("OKAspects", "&Aspects", central);
-    Command1 = Button("Command1", "Hel&p", central);
+    Option1 = new OptionGroup("Option1", "Sign/Asc Sign", CaptionList(SignCaptions), 2, central);
+    Option2 = new OptionGroup("Option2", "Houses", CaptionList(HouseCaptions), 2, central);
+    Option3 = new OptionGroup("Option3", "Planets", CaptionList(PlanetCaptions), 1, central);
+    Option4 = new OptionGroup("Option4", "Aspects", CaptionList(AspectCaptions), 1, central);
+    Option5 = new OptionGroup("Option5", "2nd Planet", CaptionList(PlanetCaptions), 1, central);
+    OKSigns = NamedButton("OKSigns", "Planet in &sign", central);
+    OKHouses = NamedButton("OKHouses", "Planet &house", central);
+    OKRisingSign = NamedButton("OKRisingSign", "&Rising sign", central);
+    OKAspects = NamedButton("OKAspects", "&Aspects", central);
+    Command1 = NamedButton("Command1", "Hel&p", central);
 
     auto* groups = new QGridLayout;
     groups->addWidget(Option1, 0, 0);

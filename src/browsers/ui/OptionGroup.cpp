@@ -2,6 +2,9 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
 #include <QRadioButton>
 
 namespace kal::ui {
@@ -52,6 +55,21 @@ bool OptionGroup::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QGroupBox::eventFilter(watched, event);
+}
+
+QPushButton* NamedButton(const char* name, const char* caption, QWidget* parent) {
+    auto* b = new QPushButton(caption, parent);
+    b->setObjectName(name);
+    return b;
+}
+
+QAction* AddFileExitMenu(QMainWindow* window) {
+    QMenu* file = window->menuBar()->addMenu("&File");
+    file->setObjectName("mnuFile");
+    file->menuAction()->setObjectName("mnuFile");
+    QAction* exit = file->addAction("E&xit");
+    exit->setObjectName("mnuFileExit");
+    return exit;
 }
 
 } // namespace kal::ui

@@ -8,6 +8,12 @@
 #include <QList>
 #include <QStringList>
 
+#include <array>
+#include <string_view>
+
+class QAction;
+class QMainWindow;
+class QPushButton;
 class QRadioButton;
 
 namespace kal::ui {
@@ -35,5 +41,19 @@ class OptionGroup : public QGroupBox {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
+
+// The captions of a group's buttons.
+template <size_t N> QStringList CaptionList(const std::array<std::string_view, N>& captions) {
+    QStringList list;
+    for (auto c : captions) list << QString::fromLatin1(c.data(), qsizetype(c.size()));
+    return list;
+}
+
+// A push button with its objectName.
+QPushButton* NamedButton(const char* name, const char* caption, QWidget* parent);
+
+// The browser windows' menu: "&File" (mnuFile) with "E&xit" (mnuFileExit),
+// whose action is returned.
+QAction* AddFileExitMenu(QMainWindow* window);
 
 } // namespace kal::ui

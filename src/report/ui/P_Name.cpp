@@ -4,7 +4,7 @@
 #include "shell/DataFile.h"
 #include "shell/EditorFile.h"
 #include "shell/ui/AppContext.h"
-#include "shell/ui/SunkenFrame.h"
+#include "shell/ui/WindowLook.h"
 #include "ui_P_Name.h"
 
 namespace kal::ui {
@@ -21,8 +21,7 @@ P_Name::P_Name(AppContext& ctx, QWidget* parent)
     : QWidget(parent), ctx_(ctx), ui(std::make_unique<Ui::P_Name>()) {
     ui->setupUi(this);
     setWindowFlag(Qt::Window, true);
-    QFont f("Courier New");
-    f.setStyleHint(QFont::TypeWriter);
+    QFont f = CourierFont();
     ui->txtContent->setFont(f);
     connect(ui->btnSave, &QPushButton::clicked, this, &P_Name::btnSave_Click);
     connect(ui->btnQuit, &QPushButton::clicked, this, &P_Name::btnQuit_Click);

@@ -10,7 +10,7 @@
 #include "shell/DataFile.h"
 #include "shell/ui/AppContext.h"
 #include "shell/ui/PrintText.h"
-#include "shell/ui/SunkenFrame.h"
+#include "shell/ui/WindowLook.h"
 #include "ui_Report.h"
 
 namespace kal::ui {
@@ -42,9 +42,7 @@ Report::Report(AppContext& ctx, QWidget* parent)
     : QWidget(parent), ctx_(ctx), ui(std::make_unique<Ui::Report>()) {
     ui->setupUi(this);
     setWindowFlag(Qt::Window, true);
-    QFont f("Courier New");
-    f.setStyleHint(QFont::TypeWriter);
-    f.setPointSize(10);
+    QFont f = CourierFont(10);
     ui->txtContent->setFont(f);
     // Room for a screen page and the line after it, 80 columns wide.
     QFontMetrics fm(f);

@@ -4,6 +4,7 @@
 #include "shell/EditorFile.h"
 #include "shell/Startup.h"
 #include "shell/ui/AppContext.h"
+#include "shell/ui/WindowLook.h"
 #include "ui_Options.h"
 
 namespace kal::ui {
@@ -12,8 +13,7 @@ Options::Options(AppContext& ctx, QWidget* parent)
     : QWidget(parent), ctx_(ctx), ui(std::make_unique<Ui::Options>()) {
     ui->setupUi(this);
     setWindowFlag(Qt::Window, true);
-    QFont f("Courier New");
-    f.setStyleHint(QFont::TypeWriter);
+    QFont f = CourierFont();
     ui->txtContent->setFont(f);
     connect(ui->btnSave, &QPushButton::clicked, this, &Options::btnSave_Click);
     connect(ui->cmdRestoreDefault, &QPushButton::clicked, this, &Options::cmdRestoreDefault_Click);

@@ -6,15 +6,15 @@
 
 #include <algorithm>
 
+#include "shell/ui/WindowLook.h"
+
 namespace kal::ui {
 
 bool PrintTextPages(QPrinter& printer, const std::vector<std::vector<std::string>>& pages,
                     int pointSize) {
     QPainter painter;
     if (!painter.begin(&printer)) return false;
-    QFont f("Courier New");
-    f.setStyleHint(QFont::TypeWriter);
-    f.setPointSize(pointSize);
+    QFont f = CourierFont(pointSize);
     painter.setFont(f);
     QFontMetrics fm(painter.font(), &printer);
     size_t longest = 1;

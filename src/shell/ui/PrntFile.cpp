@@ -7,6 +7,7 @@
 #include "shell/DataFile.h"
 #include "shell/ui/AppContext.h"
 #include "shell/ui/PrintText.h"
+#include "shell/ui/WindowLook.h"
 #include "ui_PrntFile.h"
 
 namespace kal::ui {
@@ -14,8 +15,7 @@ namespace kal::ui {
 PrntFile::PrntFile(AppContext& ctx, QWidget* parent)
     : QDialog(parent), ctx_(ctx), ui(std::make_unique<Ui::PrntFile>()) {
     ui->setupUi(this);
-    QFont f("Courier New");
-    f.setStyleHint(QFont::TypeWriter);
+    QFont f = CourierFont();
     ui->RichtxtContent->setFont(f);
     connect(ui->btnPrint, &QPushButton::clicked, this, &PrntFile::btnPrint_Click);
     connect(ui->btnCancel, &QPushButton::clicked, this, &PrntFile::btnCancel_Click);

@@ -1,10 +1,17 @@
-#include "shell/ui/SunkenFrame.h"
+#include "shell/ui/WindowLook.h"
 
 #include <QPainter>
 #include <QWidget>
 #include <qdrawutil.h>
 
 namespace kal::ui {
+
+QFont CourierFont(int pointSize) {
+    QFont f("Courier New");
+    f.setStyleHint(QFont::TypeWriter);
+    if (pointSize > 0) f.setPointSize(pointSize);
+    return f;
+}
 
 void DrawSunkenFrame(QWidget* window, const QWidget* box) {
     QPainter p(window);
