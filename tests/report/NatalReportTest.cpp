@@ -6,7 +6,6 @@
 
 #include "TestSupport.h"
 #include "report/NatalReport.h"
-#include "base/TextFile.h"
 
 using namespace kal;
 
@@ -250,15 +249,4 @@ TEST(ReportPages, PageNumbersAndAnEmptyLastPage) {
     ASSERT_EQ(pages.size(), 3u);
     EXPECT_EQ(pages[1].back(), std::string(37, ' ') + "Page 2");
     EXPECT_EQ(pages[2].back(), std::string(37, ' ') + "Page 3");
-}
-
-TEST(ReportPages, SaveWritesCrLfAndEndsWithAFormFeed) {
-    test::ScratchAppDir dir;
-    NatalReport r;
-    r.Lines.Append("only");
-    ASSERT_TRUE(SaveReportFile(dir.path() / "r.txt", r, ReportOptions(60, 6, 3)));
-    auto bytes = *ReadFileBytes(dir.path() / "r.txt");
-    EXPECT_EQ(bytes.substr(0, 8), "only\r\n\r\n");
-    EXPECT_EQ(bytes.substr(bytes.size() - 3), "\f\r\n");
-    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\f'), 1);
 }
