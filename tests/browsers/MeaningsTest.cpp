@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include "TestSupport.h"
-#include "browsers/Keywords.h"
-#include "browsers/Meanings.h"
 #include "base/Passages.h"
 #include "base/TextFile.h"
+#include "browsers/Keywords.h"
+#include "browsers/Meanings.h"
 
 using namespace kal;
 

@@ -10,11 +10,11 @@
 #include <set>
 
 #include "TestSupport.h"
+#include "base/Passages.h"
+#include "base/TextFile.h"
 #include "browsers/Keywords.h"
 #include "browsers/Meanings.h"
 #include "report/NatalReport.h"
-#include "base/Passages.h"
-#include "base/TextFile.h"
 
 using namespace kal;
 namespace fs = std::filesystem;
