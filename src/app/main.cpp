@@ -15,8 +15,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Kaltrova");
     QApplication::setQuitOnLastWindowClosed(false);
 
-    auto appPath = kal::ResolveAppPath(kal::ExecutableDir(), std::getenv("XDG_DATA_HOME"),
-                                       std::getenv("HOME"));
+    const auto exeDir = kal::ExecutableDir();
+    auto appPath = kal::ResolveAppPath(exeDir, std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
     if (!appPath) {
         QMessageBox::critical(
             nullptr, "Error!",
@@ -30,7 +30,9 @@ int main(int argc, char** argv) {
     kal::ui::RegisterProgramWindows(ctx);
     auto* main = new kal::ui::Kaltrova(ctx);
     main->setAttribute(Qt::WA_DeleteOnClose, false);
-    main->Form_Load(*appPath);
+    kal::ui::Kaltrova::StartupChoices choices;
+    choices.shippedDir = kal::ShippedDataDir(exeDir).value_or(std::filesystem::path());
+    main->Form_Load(*appPath, choices);
     int rc = app.exec();
     if (!main->isShutDown()) main->mnuFileExit_Click();
     delete main;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/VbText.h"
+
 namespace kal {
 
 namespace {
@@ -78,6 +80,34 @@ AtlasZoneValue AtlasZoneFromKind(int zone900, int kindOfTime) {
 int Hour24(int hour12, bool pm) {
     if (!pm) return hour12 == 12 ? 0 : hour12;
     return hour12 == 12 ? hour12 : hour12 + 12;
+}
+
+LocalClock BirthClock(std::string_view month, std::string_view day, std::string_view year,
+                      std::string_view hour, std::string_view minute, bool pm) {
+    LocalClock c;
+    c.month = static_cast<int>(Val(month));
+    c.day = static_cast<int>(Val(day));
+    c.year = static_cast<int>(Val(year));
+    c.hour = Hour24(static_cast<int>(Val(hour)), pm);
+    double m = Val(minute);
+    c.minute = static_cast<int>(std::floor(m));
+    c.second = static_cast<int>(std::nearbyint((m - c.minute) * 60));
+    if (c.second == 60) c.second = 59;
+    return c;
+}
+
+std::string_view KindOfTimeText(int kindOfTime) {
+    switch (kindOfTime) {
+    case kStandardTime:
+        return "standard time";
+    case 1:
+    case 2:
+        return "one hour of daylight time";
+    case kDoubleDaylightTime:
+        return "two hours of daylight time";
+    default:
+        return "local mean time";
+    }
 }
 
 } // namespace kal

@@ -58,4 +58,23 @@ inline constexpr std::string_view kLmtCaption = "LMT used";
 // 12 A.M. is 0, 12 P.M. is 12, 1 P.M. is 13.
 int Hour24(int hour12, bool pm);
 
+// The birth date and clock time a lookup is asked for, from the texts of the
+// input window: month, day and year as numbers, the hour of the 12-hour
+// clock with A.M. or P.M., the minute (a fraction of it gives seconds).
+LocalClock BirthClock(std::string_view month, std::string_view day, std::string_view year,
+                      std::string_view hour, std::string_view minute, bool pm);
+
+// "standard time", "one hour of daylight time", "two hours of daylight
+// time" or "local mean time" for a kind-of-time code.
+std::string_view KindOfTimeText(int kindOfTime);
+
+// What the atlas window hands to the input window.
+struct AtlasResults {
+    std::string AtlasLong; // " 71W 4"
+    std::string AtlasLat;  // " 42N 21"
+    float AtlasZone = 0;   // hours, West of Greenwich positive
+    short AtlasFound = 0;  // 1 after a Lookup
+    short AtlasResult = 0; // 6 once the atlas window has closed
+};
+
 } // namespace kal

@@ -8,7 +8,7 @@
 
 namespace kal {
 
-void Session::Open(const std::filesystem::path& appPath) {
+void Session::Open(const std::filesystem::path& appPath, const std::filesystem::path& shippedDir) {
     paths.AppPath = appPath;
     std::error_code ec;
     for (const char* dir : {"ephems", "reports", "n_report"})
@@ -19,7 +19,8 @@ void Session::Open(const std::filesystem::path& appPath) {
     paths.NamesFilePath = FindFile(appPath, "NAMES.FIL");
     paths.CitiesFilePath = FindFile(appPath, "GA_MA.LL");
     paths.OutputFileName.clear();
-    paths.AtlasAvailable = AtlasConfigured(appPath);
+    atlas.SetFile(FindAtlasFile(appPath, shippedDir));
+    paths.AtlasAvailable = !atlas.File().empty();
     calc.UpdateMode = 0;
     calc.HouseSystem = HouseLetterOfOption(options[27]);
 }

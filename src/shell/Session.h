@@ -11,6 +11,7 @@
 
 #include "analyses/Listings.h"
 #include "analyses/NatalData.h"
+#include "atlas/AtlasData.h"
 #include "base/Message.h"
 #include "base/Options.h"
 #include "base/OutputBuffer.h"
@@ -28,7 +29,7 @@ struct SessionPaths {
     std::filesystem::path NamesFilePath;  // the current names file
     std::filesystem::path CitiesFilePath; // the current cities file
     std::string OutputFileName;           // where the data window's Save writes
-    bool AtlasAvailable = false;          // the atlas lookup is configured
+    bool AtlasAvailable = false;          // the atlas file is present
 };
 
 struct Regional {
@@ -69,11 +70,14 @@ struct Session {
     ListingState listing;
     // The last natal report, kept until the next one replaces it.
     NatalReport report;
+    AtlasData atlas;
 
     // Sets AppPath, creates the program folders, points the ephemeris at
     // ephems/, reads the options and resets the paths, the update mode and
-    // the house system (option 27) to their start values.
-    void Open(const std::filesystem::path& appPath);
+    // the house system (option 27) to their start values. The atlas is the
+    // program directory's, else that of `shippedDir`, the folder the data
+    // was shipped in when the program directory is the user's copy of it.
+    void Open(const std::filesystem::path& appPath, const std::filesystem::path& shippedDir = {});
     // Closes the ephemeris.
     void Close();
 

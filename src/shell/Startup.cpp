@@ -4,6 +4,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "atlas/PlaceIndex.h"
 #include "base/TextFile.h"
 #include "base/VbText.h"
 
@@ -66,11 +67,6 @@ std::string ClockCaption(std::string_view prefix, const std::tm& now, short time
     return s;
 }
 
-bool AtlasConfigured(const fs::path& appPath) {
-    std::error_code ec;
-    return fs::exists(FindFile(appPath, "acsatlas.ini"), ec);
-}
-
 bool HoldsProgramData(const fs::path& dir) {
     std::error_code ec;
     return fs::is_regular_file(FindFile(dir, "NATAL.ORB"), ec);
@@ -92,9 +88,16 @@ bool CopyProgramData(const fs::path& from, const fs::path& to) {
     std::error_code ec;
     fs::create_directories(to, ec);
     if (!fs::is_directory(to, ec)) return false;
+    const fs::path atlasFolder = fs::path(kAtlasFile).parent_path();
     bool ok = true;
     for (fs::recursive_directory_iterator it(from, ec), end; !ec && it != end; it.increment(ec)) {
         fs::path rel = it->path().lexically_relative(from);
+        // Fifteen megabytes the program never writes stay where they are.
+        std::error_code e1;
+        if (Lower(rel.string()) == Lower(atlasFolder.string()) && it->is_directory(e1)) {
+            it.disable_recursion_pending();
+            continue;
+        }
         fs::path target = to / rel;
         std::error_code e2;
         if (fs::exists(fs::symlink_status(target, e2))) continue;
@@ -110,16 +113,27 @@ bool CopyProgramData(const fs::path& from, const fs::path& to) {
     return ok && !ec;
 }
 
+std::optional<fs::path> ShippedDataDir(const fs::path& exeDir) {
+    for (const fs::path& dir : {exeDir, exeDir.parent_path() / "share" / "kaltrova"}) {
+        if (HoldsProgramData(dir)) return dir;
+    }
+    return std::nullopt;
+}
+
+fs::path FindAtlasFile(const fs::path& appPath, const fs::path& shippedDir) {
+    for (const fs::path& dir : {appPath, shippedDir}) {
+        if (dir.empty()) continue;
+        std::error_code ec;
+        fs::path file = FindFile(dir, std::string(kAtlasFile));
+        if (fs::is_regular_file(file, ec)) return file;
+    }
+    return {};
+}
+
 std::optional<fs::path> ResolveAppPath(const fs::path& exeDir, const char* xdgDataHome,
                                        const char* home,
                                        const std::function<bool(const fs::path&)>& writable) {
-    std::optional<fs::path> shipped;
-    for (const fs::path& dir : {exeDir, exeDir.parent_path() / "share" / "kaltrova"}) {
-        if (HoldsProgramData(dir)) {
-            shipped = dir;
-            break;
-        }
-    }
+    std::optional<fs::path> shipped = ShippedDataDir(exeDir);
     if (!shipped) return std::nullopt;
     if (writable(*shipped)) return shipped;
 

@@ -43,16 +43,24 @@ IntlSettings IntlFromFormats(std::string_view dateFormat, std::string_view timeF
 // the time ("14:03:27" on a 24-hour clock, "2:03:27 PM" on a 12-hour one).
 std::string ClockCaption(std::string_view prefix, const std::tm& now, short timeFormat);
 
-// The atlas lookup is available when its configuration file exists.
-bool AtlasConfigured(const std::filesystem::path& appPath);
-
 // True when `dir` holds the program's data files.
 bool HoldsProgramData(const std::filesystem::path& dir);
 // True when a file can be created in `dir`.
 bool IsWritableDir(const std::filesystem::path& dir);
 // Copies every file and folder of `from` into `to` that `to` does not hold
-// yet (links are copied as links). False when `to` cannot be made.
+// yet (links are copied as links), except the atlas: the program only reads
+// it, and it is read where it was shipped. False when `to` cannot be made.
 bool CopyProgramData(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// The folder the data files were shipped in: the executable's folder or
+// ../share/kaltrova beside it, the first that holds them.
+std::optional<std::filesystem::path> ShippedDataDir(const std::filesystem::path& exeDir);
+
+// The atlas file: the program directory's, else that of the folder the data
+// was shipped in (a read-only install, whose user copy has none). Empty
+// when neither has one.
+std::filesystem::path FindAtlasFile(const std::filesystem::path& appPath,
+                                    const std::filesystem::path& shippedDir);
 
 // The program directory: the first of the executable's folder and
 // ../share/kaltrova beside it that holds the data. When that folder is not

@@ -71,5 +71,23 @@ TEST(AtlasHour, TwelveHourClockToTwentyFour) {
     EXPECT_EQ(Hour24(11, true), 23);
 }
 
+TEST(AtlasHour, BirthClockFromTheInputTexts) {
+    struct Row {
+        const char *hour, *minute;
+        bool pm;
+        int h, m, s;
+    } rows[] = {
+        {"12", "0", false, 0, 0, 0},  {"12", "5", true, 12, 5, 0},
+        {"1", "43", true, 13, 43, 0}, {"10", "43.5", false, 10, 43, 30},
+        {"", "", false, 0, 0, 0},
+    };
+    for (const auto& r : rows) {
+        LocalClock c = BirthClock("8", "1", "1944", r.hour, r.minute, r.pm);
+        EXPECT_EQ(c.year * 10000 + c.month * 100 + c.day, 19440801);
+        EXPECT_EQ(c.hour * 10000 + c.minute * 100 + c.second, r.h * 10000 + r.m * 100 + r.s)
+            << r.hour << ":" << r.minute << (r.pm ? " PM" : " AM");
+    }
+}
+
 } // namespace
 } // namespace kal

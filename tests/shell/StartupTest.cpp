@@ -5,7 +5,10 @@
 #include "TestSupport.h"
 #include "base/TextFile.h"
 #include "shell/EditorFile.h"
+#include "shell/Session.h"
 #include "shell/Startup.h"
+
+#include <fstream>
 
 using namespace kal;
 namespace fs = std::filesystem;
@@ -105,6 +108,34 @@ TEST(ProgramDirectory, CopyKeepsWhatTheUserFolderHolds) {
     ASSERT_TRUE(CopyProgramData(shipped.path(), user.path()));
     EXPECT_EQ(*ReadFileBytes(user.path() / "NAMES.FIL"), "mine\r\n");
     EXPECT_TRUE(HoldsProgramData(user.path()));
+}
+
+// A read-only install keeps its atlas: the user's copy of the program
+// directory gets none, and the atlas is read where it was shipped.
+TEST(ProgramDirectory, AtlasIsReadWhereItWasShipped) {
+    test::ScratchAppDir shipped;
+    test::ScratchAppDir home;
+    fs::create_directories(shipped.path() / "atlas");
+    shipped.Write("atlas/ATLAS.DAT", "shipped atlas");
+    auto readOnly = [&](const fs::path& d) { return d != shipped.path() && IsWritableDir(d); };
+    auto user = ResolveAppPath(shipped.path(), (home.path() / "xdg").c_str(), nullptr, readOnly);
+    ASSERT_TRUE(user);
+    EXPECT_FALSE(fs::exists(*user / "atlas"));
+    EXPECT_EQ(ShippedDataDir(shipped.path()), shipped.path());
+    EXPECT_EQ(FindAtlasFile(*user, shipped.path()), shipped.path() / "atlas" / "ATLAS.DAT");
+    // An atlas of the program directory's own comes first.
+    fs::create_directories(*user / "atlas");
+    std::ofstream(*user / "atlas" / "ATLAS.DAT") << "own atlas";
+    EXPECT_EQ(FindAtlasFile(*user, shipped.path()), *user / "atlas" / "ATLAS.DAT");
+    // Neither: no atlas, and the lookup is not offered.
+    EXPECT_TRUE(FindAtlasFile(home.path(), {}).empty());
+    Session s;
+    s.Open(home.path());
+    EXPECT_FALSE(s.paths.AtlasAvailable);
+    s.Close();
+    s.Open(*user, shipped.path());
+    EXPECT_TRUE(s.paths.AtlasAvailable);
+    s.Close();
 }
 
 TEST(OptionsEditor, SaveDropsTheLastTwoCharacters) {

@@ -210,7 +210,7 @@ void Kaltrova::Form_Load(const std::filesystem::path& appPath, const StartupChoi
     DisplayPrefs& d = ctx_.display();
     // Program directory, its folders, the ephemeris path, the options, the
     // paths and the house system at their start values.
-    s.Open(appPath);
+    s.Open(appPath, choices.shippedDir);
     registerFonts();
     d.TitlePrefix = BuildTitlePrefix();
 

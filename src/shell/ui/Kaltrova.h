@@ -27,6 +27,9 @@ class Kaltrova : public QMainWindow {
         bool waitForTitle = true;
         // Screen width in pixels; 0 takes the primary screen's.
         int screenWidthPx = 0;
+        // The folder the data files were shipped in, where the atlas is
+        // read when the program directory (a user's copy) has none.
+        std::filesystem::path shippedDir;
     };
     // The start-up sequence, from the program directory to the first
     // windows. The main window is shown on the way.
