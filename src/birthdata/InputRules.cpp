@@ -13,6 +13,20 @@ std::string OptionText(const Options& o, int n) {
     return NumText(o[n], Precision::Single);
 }
 
+// The number a text reads as with its blanks taken out: " 71. 4" is 71.4.
+double ValWithoutBlanks(std::string_view text) {
+    std::string packed;
+    for (char c : text)
+        if (c != ' ' && c != '\t') packed += c;
+    return Val(packed);
+}
+
+// Degrees and minutes around the direction letter at `p`, as number texts.
+void SplitAngle(std::string_view text, std::size_t p, std::string& degrees, std::string& minutes) {
+    degrees = NumText(Val(Trim(text.substr(0, p))));
+    minutes = NumText(Val(Trim(text.substr(p + 1))));
+}
+
 } // namespace
 
 void FillNowDateTime(InputFields& in, const std::tm& now, int timeFormat) {
@@ -97,6 +111,27 @@ bool InputKeyAccepted(std::string_view field, char c) {
         field == "txtLongDeg" || field == "txtLongMin" || field == "txtLatDeg" ||
         field == "txtLatMin")
         return digit || back;
+    return true;
+}
+
+bool ApplyAtlasPlace(InputFields& in, std::string_view atlasLong, std::string_view atlasLat,
+                     float atlasZone) {
+    std::size_t p = atlasLong.find('W');
+    if (p == std::string_view::npos) p = atlasLong.find('E');
+    if (p == std::string_view::npos) return false;
+    std::string dotted(atlasLong);
+    dotted[p] = '.';
+    if (ValWithoutBlanks(dotted) > 180) return false;
+
+    in.txtTZ = NumText(atlasZone, Precision::Single);
+    SplitAngle(atlasLong, p, in.txtLongDeg, in.txtLongMin);
+    in.optEast = atlasLong.find('W') == std::string_view::npos;
+    std::size_t q = atlasLat.find('N');
+    if (q == std::string_view::npos) q = atlasLat.find('S');
+    if (q != std::string_view::npos) {
+        SplitAngle(atlasLat, q, in.txtLatDeg, in.txtLatMin);
+        in.optSouth = atlasLat.find('N') == std::string_view::npos;
+    }
     return true;
 }
 

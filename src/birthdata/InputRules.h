@@ -46,6 +46,15 @@ bool InputKeyAccepted(std::string_view field, char c);
 // The zone text after choosing East (negative) or West (positive).
 std::string ZoneForDirection(std::string_view tz, bool east);
 
+// The place an atlas lookup found, into the fields: the zone, longitude
+// degrees and minutes around the "W" or "E" of `atlasLong` with that
+// direction, latitude likewise around "N" or "S". Nothing is filled when
+// the longitude has no direction letter or is beyond 180 degrees. The
+// zone is taken as it is: choosing the direction here does not turn its
+// sign as a click on East or West does.
+bool ApplyAtlasPlace(InputFields& in, std::string_view atlasLong, std::string_view atlasLat,
+                     float atlasZone);
+
 // The text fields along which Down moves forward and Up moves back.
 inline constexpr std::string_view kArrowChain[] = {"txtBirthHour", "txtBirthMinute", "txtTZ",
                                                    "txtLongDeg",   "txtLongMin",     "txtLatDeg",

@@ -111,6 +111,43 @@ TEST(InputKeys, ZoneSignFollowsDirection) {
     EXPECT_EQ(ZoneForDirection("0", true), "0");
 }
 
+TEST(AtlasPlace, FillsZoneAndCoordinatesAroundTheLetters) {
+    struct Row {
+        const char* what;
+        const char* atlasLong;
+        const char* atlasLat;
+        float zone;
+        const char* filled; // tz long-deg long-min E/W lat-deg lat-min N/S
+    } rows[] = {
+        {"Munich in summer 1944", " 11E 35", " 48N 8", -2, "-2 11 35 E 48 8 N"},
+        {"a West place", " 71W 4", " 42N 21", 4, "4 71 4 W 42 21 N"},
+        {"south and east", " 151E 12", " 33S 52", -11, "-11 151 12 E 33 52 S"},
+        // The zone keeps its sign: London in summer time is West of
+        // Greenwich with a zone East of it.
+        {"zone against the direction", " 0W 8", " 51N 30", -1, "-1 0 8 W 51 30 N"},
+        {"local mean time", " 96W 48", " 32N 47", 6.4533334f, "6.453333 96 48 W 32 47 N"},
+        {"no latitude letter", " 10E 0", " 5", 0, "0 10 0 E x x N"},
+    };
+    for (const auto& r : rows) {
+        SCOPED_TRACE(r.what);
+        InputFields in;
+        in.txtLatDeg = in.txtLatMin = "x";
+        ASSERT_TRUE(ApplyAtlasPlace(in, r.atlasLong, r.atlasLat, r.zone));
+        EXPECT_EQ(in.txtTZ + " " + in.txtLongDeg + " " + in.txtLongMin + " " +
+                      (in.optEast ? "E" : "W") + " " + in.txtLatDeg + " " + in.txtLatMin + " " +
+                      (in.optSouth ? "S" : "N"),
+                  r.filled);
+    }
+    // Without a direction letter, or beyond 180 degrees, nothing is filled.
+    for (const char* bad : {"", " 71 4", " 181W 0"}) {
+        InputFields in;
+        in.txtTZ = "5";
+        EXPECT_FALSE(ApplyAtlasPlace(in, bad, " 42N 21", 4)) << bad;
+        EXPECT_EQ(in.txtTZ, "5");
+        EXPECT_TRUE(in.txtLatDeg.empty());
+    }
+}
+
 TEST(TransferRecord, MinutesOfTimeAndCoordinates) {
     auto r = ParseRecordLine("P,05 Mar 2007,9.05,p,-3,-005.07,-33.52,");
     InputFields in;
