@@ -1,5 +1,6 @@
 #include "app/Windows.h"
 
+#include "atlas/ui/Register.h"
 #include "birthdata/ui/Register.h"
 #include "browsers/ui/Register.h"
 #include "periphery/ui/Register.h"
@@ -11,6 +12,7 @@ namespace kal::ui {
 void RegisterProgramWindows(AppContext& ctx) {
     RegisterShellWindows(ctx);
     RegisterBirthDataWindows(ctx);
+    RegisterAtlasWindows(ctx);
     RegisterPeripheryWindows(ctx);
     RegisterReportWindows(ctx);
     RegisterBrowserWindows(ctx);

@@ -3,6 +3,7 @@
 #include "ui_InputD.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -169,9 +170,31 @@ void InputD::cmdSave_Click() {
 }
 
 void InputD::cmdACS_Atlas_Click() {
+    ctx_.session().atlas.results.AtlasFound = 0;
     // The atlas lookup is offered only where an atlas is installed.
     if (!ctx_.session().paths.AtlasAvailable) return;
-    ctx_.showWindow(win::ACS_Atlas, "ACS Atlas");
+    if (QWidget* old = ctx_.window(win::ACS_Atlas)) old->disconnect(this);
+    ctx_.unloadWindow(win::ACS_Atlas);
+    auto* atlas = qobject_cast<QDialog*>(ctx_.loadWindow(win::ACS_Atlas));
+    if (!atlas) {
+        ctx_.notAvailable("ACS Atlas", this);
+        return;
+    }
+    // Modal, without blocking here: the fields are filled when it closes,
+    // by Lookup or by the user.
+    atlas->setWindowModality(Qt::ApplicationModal);
+    connect(atlas, &QDialog::finished, this, &InputD::atlasClosed);
+    ctx_.showWindow(win::ACS_Atlas);
+}
+
+void InputD::atlasClosed() {
+    AtlasResults& r = ctx_.session().atlas.results;
+    r.AtlasResult = 6;
+    if (r.AtlasFound == 1) {
+        InputFields in = fields();
+        if (ApplyAtlasPlace(in, r.AtlasLong, r.AtlasLat, r.AtlasZone)) setFields(in);
+    }
+    activateWindow();
 }
 
 void InputD::Label1_Click() {

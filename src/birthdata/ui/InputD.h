@@ -48,6 +48,9 @@ class InputD : public QWidget {
     void cmdOK_Click();
     void cmdSave_Click();
     void cmdACS_Atlas_Click();
+    // The atlas window has closed: the place it looked up goes into the
+    // fields.
+    void atlasClosed();
     void Label1_Click();
     void optEast_Click();
     void optWest_Click();
