@@ -209,6 +209,8 @@ void DialogsTest::aboutShowsTheVersionAndClosesOnClick() {
     ui::About about;
     about.show();
     QCOMPARE(about.findChild<QLabel*>("Label1")->text(), QString("Version  1.00"));
+    // The atlas's data is credited.
+    QVERIFY(about.findChild<QLabel*>("Label4")->text().contains("GeoNames (www.geonames.org)"));
     test::SaveScreenshot(&about, "about_window");
     // The name is drawn in yellow on top of its shadow.
     QImage img = about.grab().toImage();

@@ -13,7 +13,7 @@ About::About(QWidget* parent) : QDialog(parent) {
 
 void About::Form_Load() {
     setWindowTitle("About Kaltrova");
-    setFixedSize(420, 240);
+    setFixedSize(440, 300);
     auto* layout = new QVBoxLayout(this);
     layout->addSpacing(100);
     auto addLabel = [&](const char* name, const QString& text) {
@@ -25,6 +25,8 @@ void About::Form_Load() {
     };
     addLabel("Label1", "Version  1.00");
     addLabel("Label2", "Natal charts in the tropical zodiac, read for career and calling.");
+    addLabel("Label4", "The atlas's places come from GeoNames (www.geonames.org), licensed under "
+                       "CC BY 4.0; their time-zone history from the IANA time-zone database.");
     addLabel("Label3", "Click anywhere in this window to close it.");
     layout->addStretch();
 }

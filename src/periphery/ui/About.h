@@ -1,5 +1,5 @@
-// The about window: the program name drawn with a raised look, the version;
-// a click closes it.
+// The about window: the program name drawn with a raised look, the version,
+// the credit of the atlas's data; a click closes it.
 #pragma once
 
 #include <QDialog>
