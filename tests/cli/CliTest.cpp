@@ -8,6 +8,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <vector>
 
 #include "TestSupport.h"
 #include "base/TextFile.h"
@@ -179,4 +180,70 @@ TEST(CliReport, TheReportAsSaveWritesIt) {
     for (char ch : r.out) crlf += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
     EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "n_report" / "saved.txt"), crlf);
     s.Close();
+}
+
+// The atlas command: the places found, with the time in force at the given
+// local time, one line a reading.
+TEST(CliAtlas, PlacesWithTheTimeInForce) {
+    auto lines = [](const std::string& out) {
+        std::vector<std::vector<std::string>> rows;
+        std::istringstream in(out);
+        for (std::string line; std::getline(in, line);) {
+            std::vector<std::string> fields;
+            std::istringstream f(line);
+            for (std::string field; std::getline(f, field, '\t');) fields.push_back(field);
+            rows.push_back(fields);
+        }
+        return rows;
+    };
+    const std::string cli = std::string(KALTROVA_CLI) + " atlas ";
+
+    auto munich = RunShell(cli + "--place muenchen --date 1944-08-01 --time 10:00 --limit 3 2>&1");
+    ASSERT_EQ(munich.status, 0) << munich.out;
+    auto rows = lines(munich.out);
+    ASSERT_GE(rows.size(), 2u);
+    EXPECT_EQ(rows[0][0], "place");
+    // place region country latitude longitude zone kind time reading
+    // input_zone iana_zone duplicate
+    ASSERT_EQ(rows[1].size(), 12u);
+    EXPECT_EQ(rows[1][0] + "|" + rows[1][1] + "|" + rows[1][2], "Munich|Bavaria|Germany");
+    EXPECT_EQ(rows[1][3], "48N08");
+    EXPECT_TRUE(rows[1][4] == "11E34" || rows[1][4] == "11E35") << rows[1][4];
+    EXPECT_EQ(rows[1][5] + " " + rows[1][6] + " " + rows[1][8] + " " + rows[1][9], "-1 1 only -2");
+    EXPECT_EQ(rows[1][10], "Europe/Berlin");
+
+    // Springfields: many, each marked as a name others share.
+    auto springfield = RunShell(cli + "--place Springfield --date 1976-07-04 --time 15:15");
+    ASSERT_EQ(springfield.status, 0);
+    rows = lines(springfield.out);
+    int named = 0;
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        if (rows[i][0] != "Springfield") continue;
+        ++named;
+        EXPECT_GE(std::stoi(rows[i][11]), 1000);
+    }
+    EXPECT_GE(named, 10);
+
+    // At a change of the clocks both readings, before and after it.
+    auto gap = RunShell(cli + "--place 'New York City' --date 2007-03-11 --time 02:30 --limit 1");
+    rows = lines(gap.out);
+    ASSERT_EQ(rows.size(), 3u) << gap.out;
+    EXPECT_EQ(rows[1][7] + " " + rows[1][8] + " " + rows[1][9], "EST before 5");
+    EXPECT_EQ(rows[2][7] + " " + rows[2][8] + " " + rows[2][9], "EDT after 4");
+
+    // Local mean time from the place's own longitude.
+    auto dallas = RunShell(cli + "--place 'Dallas, TX' --date 1870-06-01 --time 12:00 --limit 1");
+    rows = lines(dallas.out);
+    ASSERT_EQ(rows.size(), 2u) << dallas.out;
+    EXPECT_EQ(rows[1][6] + " " + rows[1][7], "4 LMT");
+    EXPECT_EQ(rows[1][9].substr(0, 4), "6.45");
+
+    EXPECT_EQ(RunShell(cli + "--place Qqxyzzy --date 2000-01-01 --time 12:00 2>/dev/null").status,
+              1);
+    for (const char* bad : {"--place Paris --date 2000-01-01",
+                            "--place Paris --date 1/1/2000 "
+                            "--time 12:00",
+                            "--place Paris --date 2000-02-30 --time 12:00"}) {
+        EXPECT_EQ(RunShell(cli + bad + " 2>/dev/null").status, 64) << bad;
+    }
 }
