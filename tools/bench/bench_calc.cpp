@@ -16,7 +16,7 @@ kal::Session& BenchSession() {
         kal::Session x;
         x.Open(KALTROVA_APPDIR);
         auto rec = kal::ParseRecordLine("Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
-        kal::TransferRecord(*rec, 0, x.input);
+        kal::TransferRecord(*rec, 0, x.calc.input);
         return x;
     }();
     return s;
@@ -25,8 +25,8 @@ kal::Session& BenchSession() {
 void BM_CalcEphemeris(benchmark::State& state) {
     kal::Session& s = BenchSession();
     kal::Chart c;
-    kal::FillIdentityFromInput(c, s.input, 0);
-    kal::SetCalcInputsFromInput(c, s.input);
+    kal::FillIdentityFromInput(c, s.calc.input, 0);
+    kal::SetCalcInputsFromInput(c, s.calc.input);
     for (auto _ : state) {
         kal::CalcEphemeris(c);
         kal::FindPlanetHouses(c);
@@ -37,19 +37,18 @@ BENCHMARK(BM_CalcEphemeris);
 
 void BM_CalcChartWithPage(benchmark::State& state) {
     kal::Session& s = BenchSession();
+    const kal::InputFields input = s.calc.input;
     for (auto _ : state) {
-        s.out.ClearAllLines();
-        s.out.ClearDataPage();
-        benchmark::DoNotOptimize(s.CalcChart());
+        benchmark::DoNotOptimize(s.Calculate(input).calculated);
     }
 }
 BENCHMARK(BM_CalcChartWithPage);
 
 void BM_NatalAspects(benchmark::State& state) {
     kal::Session& s = BenchSession();
-    s.CalcChart();
+    s.Calculate(kal::InputFields(s.calc.input));
     for (auto _ : state) {
-        s.out.ClearAllLines();
+        s.listing.out.ClearAllLines();
         benchmark::DoNotOptimize(s.CmdNatalAspects());
     }
 }
