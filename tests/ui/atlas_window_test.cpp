@@ -13,6 +13,7 @@
 
 #include "ShellUiSupport.h"
 #include "atlas/ui/ACS_Atlas.h"
+#include "base/TextFile.h"
 #include "birthdata/ui/InputD.h"
 
 using namespace kal;
@@ -177,10 +178,12 @@ void AtlasWindowTest::munichFoundAsTypedAndLookedUp() {
              std::string("8/1/1944 10"));
     QVERIFY(p.dialogs->messages.empty());
 
-    // The chart is cast from the looked-up place: 10 A.M. at zone -2 is
-    // 8:00 universal time.
+    // The chart is cast from the looked-up place and zone.
     Input(p)->findChild<QPushButton*>("cmdOK")->click();
-    QVERIFY(p.session.calc.chart.ChartName == "Test");
+    const std::string page = ReadFileBytes(p.dir.path() / "reports" / "LASTPAGE.TXT").value_or("");
+    QVERIFY2(page.find("01 Aug 1944    TZ = -2.0      10.00 A.M.   11e3") != std::string::npos &&
+                 page.find("48n08") != std::string::npos,
+             page.substr(0, 300).c_str());
 }
 
 void AtlasWindowTest::sharedNameStaysOpenUntilClosed() {
