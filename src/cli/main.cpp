@@ -5,6 +5,7 @@
 #include <functional>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,16 @@
 #include "birthdata/NamesFile.h"
 #include "birthdata/Record.h"
 #include "shell/Session.h"
+#include "shell/Settings.h"
 #include "shell/Startup.h"
+
+#ifdef KALTROVA_WHEEL_EXPORT
+#include <QGuiApplication>
+
+#include "wheel/WheelTables.h"
+#include "wheel/qt/QtCanvas.h"
+#include "wheel/qt/WheelRender.h"
+#endif
 
 namespace fs = std::filesystem;
 using namespace kal;
@@ -37,7 +47,14 @@ const char* kUsage =
     "  atlas     the atlas' places for a search text (\"Paris\", \"Paris, Texas\"), with\n"
     "            latitude, longitude and the time in force on the date at the local\n"
     "            time (24-hour clock); tab-separated, one line a reading: at a change\n"
-    "            of the clocks a place has two, before and after it\n";
+    "            of the clocks a place has two, before and after it\n"
+#ifdef KALTROVA_WHEEL_EXPORT
+    "  wheel     --out FILE.svg|.png|.pdf [--style american|european] [--size WxH]:\n"
+    "            the chart wheel (SVG and PNG as a window of WxH pixels shows it,\n"
+    "            default 1024x768; PDF as the printed page); in a batch each\n"
+    "            record's number and name go before the extension\n"
+#endif
+    ;
 
 // A listing command: runs on a calculated chart and leaves its page in the
 // output buffer.
@@ -51,6 +68,7 @@ const std::map<std::string, Command>& Commands() {
         {"career", [](Session& s) { return s.CmdCareerFactors(); }},
         {"cosmic", [](Session& s) { return s.CmdCosmicState(); }},
         {"report", [](Session& s) { return s.CmdNatalReport(); }},
+        {"wheel", [](Session&) { return Messages{}; }},
     };
     return commands;
 }
@@ -59,9 +77,56 @@ void PrintMessages(const Messages& msgs) {
     for (const auto& m : msgs) std::cerr << m.caption << " " << m.text << "\n";
 }
 
+// What the wheel command writes.
+struct WheelOut {
+    fs::path file;
+    short typeChart = -1; // -1: the style of Kaltrova.INI
+    bool batch = false;
+    int width = 1024, height = 768; // PNG and SVG
+};
+
+#ifdef KALTROVA_WHEEL_EXPORT
+// The output file of one record in a batch: the record's number and name
+// before the extension.
+fs::path BatchFile(const fs::path& out, int number, const std::string& name) {
+    std::string safe;
+    for (unsigned char c : name) safe += std::isalnum(c) ? static_cast<char>(c) : '_';
+    char num[16];
+    std::snprintf(num, sizeof num, "-%03d-", number);
+    return out.parent_path() / (out.stem().string() + num + safe + out.extension().string());
+}
+
+// Draws the calculated chart's wheel into a file, as the wheel window
+// would: the orb file's orbs, the shipped label tables, the options.
+int ExportWheelOf(Session& s, const fs::path& file, short typeChart, QSize size) {
+    static WheelTables tables;
+    static bool loaded = false;
+    if (!loaded) {
+        if (auto m = LoadWheelTables(s.paths.AppPath, tables)) PrintMessages({*m});
+        loaded = true;
+    }
+    if (auto m = LoadWheelOrbs(s.paths.OrbFilePath, s.listing.orbs)) {
+        PrintMessages({*m});
+        return 1;
+    }
+    WheelChart chart = WheelChartOf(s.calc.chart, s.listing.HeaderLines, s.listing.HeaderLines2);
+    WheelStyle style;
+    style.type = typeChart == 1 ? ChartStyle::European : ChartStyle::American;
+    PrintedPage page;
+    page.personalHeader = ReadLines(FindFile(s.paths.AppPath, "PERSONAL.NAM"));
+    WheelPaintInput in{chart, style, s.options, s.listing.orbs.WheelOrbs, tables, &page};
+    if (auto err = ExportWheel(file, in, FindFile(s.paths.AppPath, "glyphix.ttf"), size)) {
+        std::cerr << "kaltrova-cli: " << *err << "\n";
+        return 73;
+    }
+    return 0;
+}
+#endif
+
 // Moves the record into the input fields, calculates as OK does and runs the
 // command. Returns the exit status.
-int RunRecord(Session& s, BirthRecord rec, const std::string& command) {
+int RunRecord(Session& s, BirthRecord rec, const std::string& command,
+              const WheelOut* wheel = nullptr, int number = 0) {
     const Command& cmd = Commands().at(command);
     const bool calcPage = command == "page";
     InputFields in = s.calc.input;
@@ -75,6 +140,15 @@ int RunRecord(Session& s, BirthRecord rec, const std::string& command) {
         return 1;
     }
     s.ShowDataPage();
+#ifdef KALTROVA_WHEEL_EXPORT
+    if (wheel)
+        return ExportWheelOf(
+            s, wheel->batch ? BatchFile(wheel->file, number, rec.RecName) : wheel->file,
+            wheel->typeChart, QSize(wheel->width, wheel->height));
+#else
+    (void)wheel;
+    (void)number;
+#endif
     // What the calculation's own page could not show only matters to the
     // page command; the other commands write a page of their own.
     Messages msgs = calc.messages;
@@ -170,6 +244,7 @@ int main(int argc, char** argv) {
     int dateOrder = 0;
     int limit = 100;
     bool batch = false;
+    std::string out, style, size;
     std::vector<std::string> args(argv + 1, argv + argc);
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
@@ -190,6 +265,12 @@ int main(int argc, char** argv) {
             namesFile = value();
         else if (a == "--name")
             name = value();
+        else if (a == "--out")
+            out = value();
+        else if (a == "--style")
+            style = value();
+        else if (a == "--size")
+            size = value();
         else if (a == "--date-order")
             dateOrder = std::atoi(value().c_str());
         else if (a == "--place")
@@ -231,14 +312,69 @@ int main(int argc, char** argv) {
                   << kUsage;
         return 64;
     }
+    WheelOut wheel;
+    const bool isWheel = command == "wheel";
+    if (isWheel) {
+#ifdef KALTROVA_WHEEL_EXPORT
+        if (out.empty() || !ExportFormatOf(out)) {
+            std::cerr << "kaltrova-cli: wheel needs --out FILE.svg, FILE.png or FILE.pdf\n";
+            return 64;
+        }
+        if (!style.empty() && style != "american" && style != "european") {
+            std::cerr << "kaltrova-cli: --style takes american or european\n";
+            return 64;
+        }
+        if (!size.empty() &&
+            (std::sscanf(size.c_str(), "%dx%d", &wheel.width, &wheel.height) != 2 ||
+             wheel.width < 16 || wheel.height < 16 || wheel.width > 20000 ||
+             wheel.height > 20000)) {
+            std::cerr << "kaltrova-cli: --size takes WIDTHxHEIGHT in pixels, e.g. 1024x768\n";
+            return 64;
+        }
+        wheel.file = out;
+        wheel.batch = batch;
+        if (!style.empty()) wheel.typeChart = style == "european" ? 1 : 0;
+#else
+        std::cerr << "kaltrova-cli: this build draws no wheels (built without Qt)\n";
+        return 64;
+#endif
+    } else if (!out.empty() || !style.empty() || !size.empty()) {
+        std::cerr << "kaltrova-cli: --out, --style and --size belong to the wheel command\n";
+        return 64;
+    }
     if (dateOrder < 0 || dateOrder > 2) {
         std::cerr << "kaltrova-cli: --date-order takes 0, 1 or 2\n";
         return 64;
     }
 
+#ifdef KALTROVA_WHEEL_EXPORT
+    // The wheel is drawn through Qt's painter; without a display, on the
+    // offscreen platform.
+    std::unique_ptr<QGuiApplication> gui;
+    int guiArgc = 1;
+    if (isWheel) {
+        if (!std::getenv("QT_QPA_PLATFORM") && !std::getenv("DISPLAY") &&
+            !std::getenv("WAYLAND_DISPLAY"))
+            setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        gui = std::make_unique<QGuiApplication>(guiArgc, argv);
+    }
+#endif
     Session s;
     const fs::path exeDir = ExecutableDir();
     s.Open(dir.empty() ? exeDir : dir, ShippedDataDir(exeDir).value_or(fs::path()));
+#ifdef KALTROVA_WHEEL_EXPORT
+    int wheelFont = -1;
+    if (isWheel) {
+        wheelFont = RegisterWheelFonts(s.paths.AppPath);
+        if (wheel.typeChart < 0) {
+            // The style the wheel window last had.
+            Settings settings;
+            fs::path names, cities;
+            ReadSettings(s.paths.AppPath, settings, names, cities);
+            wheel.typeChart = settings.TypeChart == 0 ? 0 : 1;
+        }
+    }
+#endif
     s.regional.DateOrder = static_cast<short>(dateOrder);
     if (!houses.empty()) {
         bool known = false;
@@ -266,8 +402,9 @@ int main(int argc, char** argv) {
         }
         PrintMessages(list.errors);
         if (batch) {
+            int number = 0;
             for (const auto& rec : list.records) {
-                int st = RunRecord(s, rec, command);
+                int st = RunRecord(s, rec, command, isWheel ? &wheel : nullptr, ++number);
                 if (st != 0) status = st;
             }
         } else {
@@ -277,7 +414,8 @@ int main(int argc, char** argv) {
                           << "\n";
                 return 65;
             }
-            status = RunRecord(s, list.records[static_cast<size_t>(idx)], command);
+            status = RunRecord(s, list.records[static_cast<size_t>(idx)], command,
+                               isWheel ? &wheel : nullptr);
         }
     } else if (!record.empty()) {
         auto rec = ParseRecordLine(record);
@@ -285,11 +423,14 @@ int main(int argc, char** argv) {
             std::cerr << "kaltrova-cli: not a names-file record: " << record << "\n";
             return 65;
         }
-        status = RunRecord(s, *rec, command);
+        status = RunRecord(s, *rec, command, isWheel ? &wheel : nullptr);
     } else {
         std::cerr << "kaltrova-cli: give --record LINE or --names FILE --name NAME\n" << kUsage;
         return 64;
     }
     s.Close();
+#ifdef KALTROVA_WHEEL_EXPORT
+    RemoveWheelFonts(wheelFont);
+#endif
     return status;
 }

@@ -1,0 +1,97 @@
+// The drawn wheel as a whole, on the recording canvas with the real fonts'
+// metrics: no ink of a glyph or label overlaps another's, every label
+// column stays between the circles and the cusp labels outside them, for
+// many real charts in both styles.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+#include "WheelFixture.h"
+#include "base/TextFile.h"
+#include "wheel/Glyphs.h"
+
+using namespace kal;
+using namespace kal::test;
+
+namespace {
+
+double Farthest(const Box& b) {
+    return std::hypot(std::max(std::fabs(b.left), std::fabs(b.right)),
+                      std::max(std::fabs(b.top), std::fabs(b.bottom)));
+}
+
+double Nearest(const Box& b) {
+    return std::hypot(std::max({b.left, 0.0, -b.right}), std::max({b.bottom, 0.0, -b.top}));
+}
+
+std::string Describe(const DrawCall& c) {
+    std::ostringstream s;
+    s << "'" << c.text << "' (code " << static_cast<int>(static_cast<unsigned char>(c.text[0]))
+      << ") at " << c.x1 << "," << c.y1;
+    return s.str();
+}
+
+// The charts every picture check runs over: the shipped names file and a
+// few that crowd the wheel.
+std::vector<std::string> Records() {
+    std::vector<std::string> lines;
+    auto names = ReadLines(AppDir() / "NAMES.FIL");
+    if (names)
+        for (const auto& l : *names)
+            if (!l.empty()) lines.push_back(l);
+    // Seven bodies in Aquarius; a 60-degree latitude; a southern chart.
+    lines.push_back("Stellium,04 Feb 1962,7.00,A,-5.5,-077.12,28.36,");
+    lines.push_back("Helsinki,06 Dec 1917,12.00,P,-2,-024.56,60.10,");
+    lines.push_back("Northern,18 May 1909,4.10,A,10,132.22,58.34,");
+    lines.push_back("Southern,04 Dec 1966,3.42,A,11,50.24,-18.50,");
+    return lines;
+}
+
+class WheelPicture : public ::testing::TestWithParam<char> {
+  protected:
+    static WheelCharts* charts;
+    static void SetUpTestSuite() { charts = new WheelCharts; }
+    static void TearDownTestSuite() {
+        delete charts;
+        charts = nullptr;
+    }
+};
+WheelCharts* WheelPicture::charts = nullptr;
+
+TEST_P(WheelPicture, NoInkOverlapsAndColumnsStayInTheRing) {
+    Options options = charts->s.options;
+    options[47] = 0; // aspect symbols cross at the centre by design
+    for (const std::string& record : Records()) {
+        WheelChart chart = charts->Chart(record, GetParam());
+        chart.HeaderLines = {};
+        for (ChartStyle type : {ChartStyle::American, ChartStyle::European}) {
+            WheelStyle style;
+            style.type = type;
+            PaintedWheel p = Paint(chart, style, options, charts->orbs(), charts->tables);
+            auto texts = p.canvas.texts();
+            for (const Overlap& o : FindOverlaps(texts, 0.05))
+                ADD_FAILURE() << record << " (" << GetParam() << ", "
+                              << (type == ChartStyle::American ? "American" : "European")
+                              << "): " << Describe(*texts[o.a]) << " overlaps "
+                              << Describe(*texts[o.b]);
+
+            const WheelOptions o = WheelOptions::For(Medium::Window, options, false);
+            for (const GlyphPlace& g : p.layout.places) {
+                RecordingCanvas column;
+                DrawLabelColumn(column, o, p.layout.steps, g,
+                                chart.WheelLong[static_cast<size_t>(g.body)], BodyGlyph(g.body),
+                                true, ColumnReadsOutwardFirst(g.theta, type, g.house, options[28]));
+                for (const DrawCall* t : column.texts()) {
+                    Box ink = InkBox(*t);
+                    EXPECT_LE(Farthest(ink), OuterRadius) << record << " body " << g.body;
+                    EXPECT_GE(Nearest(ink), InnerRadius) << record << " body " << g.body;
+                }
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(HouseSystems, WheelPicture, ::testing::Values('P', 'K', 'R'));
+
+} // namespace
