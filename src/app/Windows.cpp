@@ -6,6 +6,7 @@
 #include "periphery/ui/Register.h"
 #include "report/ui/Register.h"
 #include "shell/ui/Register.h"
+#include "wheel/ui/Register.h"
 
 namespace kal::ui {
 
@@ -16,6 +17,7 @@ void RegisterProgramWindows(AppContext& ctx) {
     RegisterPeripheryWindows(ctx);
     RegisterReportWindows(ctx);
     RegisterBrowserWindows(ctx);
+    RegisterWheelWindows(ctx);
 }
 
 } // namespace kal::ui

@@ -1,5 +1,8 @@
 #include "base/TextFile.h"
 
+#include <unistd.h>
+
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -52,6 +55,24 @@ bool WriteFileBytes(const fs::path& file, std::string_view bytes) {
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     out.close();
     return !out.fail();
+}
+
+bool ReplaceFileBytes(const fs::path& file, std::string_view bytes) {
+    fs::path temp = file;
+    temp += ".tmp~";
+    std::FILE* out = std::fopen(temp.c_str(), "wb");
+    if (!out) return false;
+    bool written = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
+    written = std::fflush(out) == 0 && written;
+    written = fsync(fileno(out)) == 0 && written;
+    written = std::fclose(out) == 0 && written;
+    std::error_code ec;
+    if (written) fs::rename(temp, file, ec);
+    if (!written || ec) {
+        fs::remove(temp, ec);
+        return false;
+    }
+    return true;
 }
 
 bool WriteLines(const fs::path& file, const std::vector<std::string>& lines, std::string_view eol) {

@@ -27,6 +27,11 @@ bool WriteLines(const std::filesystem::path& file, const std::vector<std::string
                 std::string_view eol = "\r\n");
 // Writes bytes as they are, replacing the file. False on failure.
 bool WriteFileBytes(const std::filesystem::path& file, std::string_view bytes);
+// Replaces a file's bytes without ever leaving it half written: the bytes go
+// to a temporary file beside it, which is flushed to the disk and then
+// renamed over the file. When anything fails (a full disk) the file keeps
+// its old contents and the result is false.
+bool ReplaceFileBytes(const std::filesystem::path& file, std::string_view bytes);
 
 // The entry of `dir` whose name equals `name` without regard to case; when
 // none exists, dir / name (so that a new file gets the name as given).

@@ -62,10 +62,11 @@ void DialogsTest::contextOpensWindowsByName() {
     QTRY_VERIFY(!ctx.window(probe));
 
     // A window that does not exist says so, once, and nothing is loaded.
-    QVERIFY(!ctx.showWindow(ui::win::Wheels, "Chartwheel"));
+    const ui::WindowName missing{"Missing"};
+    QVERIFY(!ctx.showWindow(missing, "Missing window"));
     QCOMPARE(recorded->messages.size(), size_t(1));
     QCOMPARE(recorded->messages[0],
-             (Message{"Chartwheel is not available yet.", "Information", Icon::Information}));
+             (Message{"Missing window is not available yet.", "Information", Icon::Information}));
     const ui::CommandName probeCommand{"ProbeCommand"};
     ctx.runCommand(probeCommand, "Probe Command");
     QCOMPARE(recorded->messages.back().text, std::string("Probe Command is not available yet."));

@@ -40,8 +40,10 @@ std::vector<std::string> Records() {
     if (names)
         for (const auto& l : *names)
             if (!l.empty()) lines.push_back(l);
-    // Seven bodies in Aquarius; a 60-degree latitude; a southern chart.
-    lines.push_back("Stellium,04 Feb 1962,7.00,A,-5.5,-077.12,28.36,");
+    // Five and then eight bodies in the first house; a 60-degree latitude;
+    // four intercepted signs; a southern chart.
+    lines.push_back("Stellium,04 Feb 1962,6.30,A,-5.5,-077.12,28.36,");
+    lines.push_back("Eight,04 Feb 1962,5.45,A,-5.5,-077.12,28.36,");
     lines.push_back("Helsinki,06 Dec 1917,12.00,P,-2,-024.56,60.10,");
     lines.push_back("Northern,18 May 1909,4.10,A,10,132.22,58.34,");
     lines.push_back("Southern,04 Dec 1966,3.42,A,11,50.24,-18.50,");

@@ -6,16 +6,6 @@
 
 namespace kal::ui {
 
-namespace {
-
-// The hourglass pointer for the life of a command.
-struct WaitCursor {
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-};
-
-} // namespace
-
 AppContext::AppContext(Session& session, QObject* parent)
     : QObject(parent), session_(session), dialogs_(std::make_unique<QtDialogs>()) {}
 
@@ -186,12 +176,28 @@ bool AppContext::calculate(const InputFields& in, QWidget* parent) {
         outcome = session_.Calculate(in);
         if (outcome.calculated) session_.ShowDataPage(display_.DataWindowMinimised);
     }
+    return finishCalculation(outcome, parent);
+}
+
+bool AppContext::calculate(const SteppedRecord& r, QWidget* parent) {
+    CalcOutcome outcome;
+    {
+        WaitCursor wait;
+        outcome = session_.Calculate(r);
+        if (outcome.calculated) session_.ShowDataPage(display_.DataWindowMinimised);
+    }
+    return finishCalculation(outcome, parent);
+}
+
+bool AppContext::finishCalculation(const CalcOutcome& outcome, QWidget* parent) {
     showMessages(outcome.messages, parent);
     if (!outcome.calculated) return false;
     emit chartCalculated();
     showDataPage();
-    // The chart wheel is rebuilt from the new chart.
-    if (isRegistered(win::Wheels)) {
+    // The chart wheel is drawn again from the new chart.
+    if (hasCommand(cmd::ReopenWheel)) {
+        runCommand(cmd::ReopenWheel, {});
+    } else if (isRegistered(win::Wheels)) {
         unloadWindow(win::Wheels);
         showWindow(win::Wheels);
     }

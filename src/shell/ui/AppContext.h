@@ -6,6 +6,7 @@
 // its windows and commands here at start-up (see app/Windows.cpp).
 #pragma once
 
+#include <QApplication>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -26,6 +27,14 @@
 #include "shell/ui/WindowNames.h"
 
 namespace kal::ui {
+
+// The hourglass pointer for the life of a command.
+struct WaitCursor {
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
 
 // What the windows keep for themselves: the places and fonts of
 // Kaltrova.INI, the data window's font face, the wheel's size constants
@@ -119,6 +128,9 @@ class AppContext : public QObject {
     // the data window and the chart wheel window reopened. False when the
     // input checks failed.
     bool calculate(const InputFields& in, QWidget* parent = nullptr);
+    // The same for the chart wheel's time steps: the chart from a stepped
+    // record (update mode).
+    bool calculate(const SteppedRecord& r, QWidget* parent = nullptr);
 
     // A command that composes a page (a listing, a help text): runs it with
     // the hourglass pointer, shows the page when it returns no message,
@@ -145,6 +157,8 @@ class AppContext : public QObject {
     void selectionListsEmptied();
 
   private:
+    bool finishCalculation(const CalcOutcome& outcome, QWidget* parent);
+
     Session& session_;
     DisplayPrefs display_;
     std::unique_ptr<Dialogs> dialogs_;

@@ -49,6 +49,8 @@ QMessageBox::StandardButton
 QtDialogs::question(const Message& m, QMessageBox::StandardButtons buttons, QWidget* parent) {
     QMessageBox box(ToQtIcon(m.icon), QString::fromStdString(m.caption),
                     QString::fromStdString(m.text), buttons, parent);
+    // A question that can be cancelled is cancelled by Enter as well.
+    if (buttons.testFlag(QMessageBox::Cancel)) box.setDefaultButton(QMessageBox::Cancel);
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 

@@ -351,6 +351,14 @@ void Kaltrova::mnuData_KaltrovalFactors_Click() {
 }
 
 void Kaltrova::mnuWheelsSingleNatal_Click() {
+    // The wheel always opens on the natal chart and the natal orb file.
+    Session& s = ctx_.session();
+    s.paths.OrbFilePath = NatalOrbPath(s.paths.AppPath);
+    Chart& c = s.calc.chart;
+    c.CuspTable = c.NatalCusp;
+    c.PlanetLong = c.NatalLong;
+    c.RetroFlags = c.NatalRetro;
+    c.SiderealTime = c.NatalSidereal;
     ctx_.unloadWindow(win::Wheels);
     ctx_.showWindow(win::Wheels, "Chartwheel");
 }

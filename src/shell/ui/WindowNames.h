@@ -47,9 +47,10 @@ inline constexpr WindowName Geograph{"Geograph"};
 inline constexpr WindowName LongLat{"LongLat"};
 inline constexpr WindowName TimeZone{"TimeZone"};
 inline constexpr WindowName ACS_Atlas{"ACS_Atlas"};
-// The chart wheel and its aspect grid.
+// The chart wheel, its aspects window and the orb file editor.
 inline constexpr WindowName Wheels{"Wheels"};
 inline constexpr WindowName CWAspect{"CWAspect"};
+inline constexpr WindowName OrbsEdit{"OrbsEdit"};
 // The browsers.
 inline constexpr WindowName MEANINGS{"MEANINGS"};
 inline constexpr WindowName Keywords{"Keywords"};
@@ -73,6 +74,9 @@ inline constexpr CommandName NewNamesFile{"mnuFileNewFil"};
 inline constexpr CommandName StartupInputWindows{"StartupInputWindows"};
 inline constexpr CommandName InputCommandWindows{"InputCommandWindows"};
 inline constexpr CommandName HouseToggleWindows{"HouseToggleWindows"};
+// The chart wheel drawn again from the chart just calculated (wheel/ui): a
+// wheel window that is open starts over in place, as if reopened.
+inline constexpr CommandName ReopenWheel{"ReopenWheel"};
 } // namespace cmd
 
 } // namespace kal::ui
