@@ -64,6 +64,29 @@ class Canvas {
     virtual TextSize measure(std::string_view text, const Font& font) = 0;
 };
 
+// A rectangle in wheel units (y upward).
+struct Box {
+    double left = 0, bottom = 0, right = 0, top = 0;
+
+    bool empty() const { return right <= left || top <= bottom; }
+    bool intersects(const Box& o, double margin = 0) const {
+        return left + margin < o.right && o.left + margin < right && bottom + margin < o.top &&
+               o.bottom + margin < top;
+    }
+    double width() const { return right - left; }
+    double height() const { return top - bottom; }
+    // Distances of its nearest and farthest points from the wheel's centre.
+    double nearestToCentre() const;
+    double farthestFromCentre() const;
+};
+
+// The mark of a text drawn at (x, y): across its advance, from the top of
+// its line box down to its baseline (symbols and digits stand on the
+// baseline).
+inline Box MarkBox(double x, double y, const TextSize& t) {
+    return {x, y - t.ascent, x + t.width, y};
+}
+
 // The one-character text of a glyph code.
 inline std::string GlyphText(int code) {
     return std::string(1, static_cast<char>(static_cast<unsigned char>(code)));

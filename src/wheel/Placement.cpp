@@ -14,6 +14,15 @@ size_t Cell(int house, int slot) {
     return static_cast<size_t>(std::clamp(cell, 0, static_cast<int>(SlotMapSize) - 1));
 }
 
+// Whether an angle lies less than the glyph spacing from a placed glyph.
+bool TooNear(const std::vector<GlyphPlace>& places, double theta) {
+    for (const GlyphPlace& p : places) {
+        double d = std::fabs(theta - p.theta);
+        if (std::min(d, 360 - d) < SlotSpacing - 1e-9) return true;
+    }
+    return false;
+}
+
 } // namespace
 
 std::vector<int> SortedBodies(const WheelChart& w) {
@@ -93,17 +102,34 @@ std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
             }
         }
         if (slot < 0) slot = 0;
-        while (taken[Cell(g.house, slot)] && Cell(g.house, slot) < SlotMapSize - 1) ++slot;
+        auto slotAngle = [&](int sl) {
+            return Norm360(SlotSpacing * sl + FirstSlotAngle[static_cast<size_t>(g.house)]);
+        };
+        // A slot is taken when its cell is marked; in the American style also
+        // when its angle falls within 4 degrees of a glyph already placed:
+        // the houses' first slots are not 28 degrees apart, so a run past
+        // slot 6 (or from the 12th house round to the 1st) could otherwise
+        // land on a glyph of the next house.
+        auto slotTaken = [&](int sl) {
+            if (Cell(g.house, sl) >= SlotMapSize - 1) return false;
+            if (taken[Cell(g.house, sl)]) return true;
+            return type == ChartStyle::American && TooNear(places, slotAngle(sl));
+        };
+        while (slotTaken(slot)) ++slot;
         taken[Cell(g.house, slot)] = true;
         g.slot = slot;
 
         double theta;
         if (type == ChartStyle::American) {
-            theta = Norm360(SlotSpacing * slot + FirstSlotAngle[static_cast<size_t>(g.house)]);
+            theta = slotAngle(slot);
         } else {
             theta = Norm360(L - w.WheelCusp[10]);
-            double d = theta - P;
-            if ((d >= -16 && d < 4) || (d >= -360 && d < -356)) {
+            // Too close behind the previous glyph, also across 0 degrees.
+            auto tooClose = [&](double t) {
+                double d = t - P;
+                return (d >= -16 && d < 4) || (d >= -360 && d < -356);
+            };
+            if (tooClose(theta)) {
                 theta = Norm360(P + SlotSpacing);
                 if (k == 1 && delta < 2 && theta >= 102.5 && theta <= 137.5) theta += 2 - delta;
             } else {
@@ -113,7 +139,15 @@ std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
                 if (theta > limit) theta = limit;
                 if (theta <= 28 && limit >= 332) theta = 0;
                 if ((theta >= 270 || theta < 180) && theta + 2 < A) theta += 2;
+                // The spacing comes first: in a house too narrow for its
+                // bodies the glyphs run on past the next cusp rather than
+                // overlap.
+                if (tooClose(theta)) theta = Norm360(P + SlotSpacing);
             }
+            // Nor may it land on a glyph placed earlier in the walk (the last
+            // houses walked come round to the first).
+            for (int guard = 0; guard < 90 && TooNear(places, theta); ++guard)
+                theta = Norm360(theta + 1);
             P = theta;
         }
         g.theta = theta;

@@ -10,19 +10,6 @@
 
 namespace kal {
 
-// A rectangle in wheel units (y upward).
-struct Box {
-    double left = 0, bottom = 0, right = 0, top = 0;
-
-    bool empty() const { return right <= left || top <= bottom; }
-    bool intersects(const Box& o, double margin = 0) const {
-        return left + margin < o.right && o.left + margin < right && bottom + margin < o.top &&
-               o.bottom + margin < top;
-    }
-    double width() const { return right - left; }
-    double height() const { return top - bottom; }
-};
-
 struct DrawCall {
     enum Kind { Fill, Line, Circle, Text } kind = Line;
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0; // line ends; circle centre in x1, y1

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "chart/Tables.h"
 #include "base/VbText.h"
+#include "chart/Tables.h"
 
 namespace kal {
 

@@ -3,8 +3,8 @@
 // month and year. February has 29 days in every year divisible by 4.
 #pragma once
 
-#include "chart/InputFields.h"
 #include "chart/Chart.h"
+#include "chart/InputFields.h"
 
 namespace kal {
 

@@ -87,6 +87,21 @@ WheelOptions WheelOptions::For(Medium m, const Options& o, bool printFormMode) {
     return w;
 }
 
+std::pair<double, double> InterceptedSignPlace(Canvas& canvas, const Font& font,
+                                               std::string_view glyph, double angle) {
+    const double c = std::cos(angle * Rad), s = std::sin(angle * Rad);
+    double x = 4 + LabelRadius * c - (angle > 90 && angle < 270 ? 20 : 0);
+    double y = 4 + LabelRadius * s;
+    // Above and below the wheel that corner would set the glyph across the
+    // rim, where the planet glyphs run: it moves out until it is clear.
+    TextSize t = canvas.measure(glyph, font);
+    for (int step = 0; step < 80 && MarkBox(x, y, t).nearestToCentre() < OuterRadius + 1; ++step) {
+        x += 0.5 * c;
+        y += 0.5 * s;
+    }
+    return {x, y};
+}
+
 int WheelBodyGlyph(int body, float option15) {
     if (option15 != 0 && option15 != 1) return 0;
     if (body == MC && option15 == 1) return SeparateMCGlyph;
@@ -268,30 +283,53 @@ WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintIn
 
     layout.HouseWidth = HouseWidths(w);
 
-    // Cusp labels: every cusp in the American style, the Ascendant and
-    // Descendant at their table places in the European style and the other
-    // cusps in a row outside the rim at their own angle.
+    // The intercepted signs' places, which the European cusp labels keep
+    // clear of.
     const Font cuspDigit{o.digitFace, o.cuspDigitSize, o.degreeBold};
     const Font cuspSign{Face::Glyph, o.cuspSignSize};
     const Font cuspMinute{o.digitFace, o.cuspMinuteSize};
+    layout.intercepted = InterceptedSigns(w, type);
+    std::vector<std::pair<double, double>> interceptedAt;
+    std::vector<Box> outside; // marks already outside the rim
+    for (const auto& s : layout.intercepted) {
+        std::string glyph = GlyphText(SignGlyph(s.sign));
+        auto [x, y] = InterceptedSignPlace(canvas, cuspSign, glyph, s.angle);
+        interceptedAt.push_back({x, y});
+        outside.push_back(MarkBox(x, y, canvas.measure(glyph, cuspSign)));
+    }
+
+    // Cusp labels: every cusp in the American style, the Ascendant and
+    // Descendant at their table places in the European style and the other
+    // cusps in a row outside the rim at their own angle.
+    struct CuspLabel {
+        std::array<std::string, 5> chars;
+        std::array<double, 5> x{}, y{};
+    };
+    const std::array<const Font*, 5> fonts = {&cuspDigit, &cuspDigit, &cuspSign, &cuspMinute,
+                                              &cuspMinute};
+    const std::array<int, 5> colours = {o.cuspDigitColour, o.cuspDigitColour, o.cuspSignColour,
+                                        o.cuspMinuteColour, o.cuspMinuteColour};
+    std::array<CuspLabel, 13> labels;
+    std::vector<int> rows;
     for (int i = 1; i <= 12; ++i) {
         LabelParts p = SplitLabel(w.WheelCusp[static_cast<size_t>(i)]);
-        const std::array<std::string, 5> chars = {
-            std::string(1, static_cast<char>('0' + p.degTens)),
-            std::string(1, static_cast<char>('0' + p.degUnits)), GlyphText(SignGlyph(p.sign)),
-            std::string(1, static_cast<char>('0' + p.minTens)),
-            std::string(1, static_cast<char>('0' + p.minUnits))};
-        const std::array<const Font*, 5> fonts = {&cuspDigit, &cuspDigit, &cuspSign, &cuspMinute,
-                                                  &cuspMinute};
-        const std::array<int, 5> colours = {o.cuspDigitColour, o.cuspDigitColour, o.cuspSignColour,
-                                            o.cuspMinuteColour, o.cuspMinuteColour};
+        CuspLabel& l = labels[static_cast<size_t>(i)];
+        l.chars = {std::string(1, static_cast<char>('0' + p.degTens)),
+                   std::string(1, static_cast<char>('0' + p.degUnits)),
+                   GlyphText(SignGlyph(p.sign)), std::string(1, static_cast<char>('0' + p.minTens)),
+                   std::string(1, static_cast<char>('0' + p.minUnits))};
         if (type == ChartStyle::American || i == 4 || i == 10) {
-            for (int j = 0; j < 5; ++j)
-                canvas.text(in.tables.LabelX(i, j), in.tables.LabelY(i, j),
-                            chars[static_cast<size_t>(j)], *fonts[static_cast<size_t>(j)],
-                            PaletteColour(colours[static_cast<size_t>(j)]));
-            continue;
+            for (size_t j = 0; j < 5; ++j) {
+                l.x[j] = in.tables.LabelX(i, static_cast<int>(j));
+                l.y[j] = in.tables.LabelY(i, static_cast<int>(j));
+                outside.push_back(MarkBox(l.x[j], l.y[j], canvas.measure(l.chars[j], *fonts[j])));
+            }
+        } else {
+            rows.push_back(i);
         }
+    }
+    for (int i : rows) {
+        CuspLabel& l = labels[static_cast<size_t>(i)];
         double a = EuropeanCuspAngle(w, i);
         double x = 4 + LabelRadius * std::cos(a * Rad);
         double y = 4 + LabelRadius * std::sin(a * Rad);
@@ -303,28 +341,60 @@ WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintIn
         // rim above and below the wheel and is centred on its angle at the
         // sides. Characters wider than the 9-unit pitch push the rest on.
         std::array<TextSize, 5> size;
-        double rowHeight = 0, rowAscent = 0;
+        double rowHeight = 0, rowAscent = 0, pushed = 0;
         for (size_t j = 0; j < 5; ++j) {
-            size[j] = canvas.measure(chars[j], *fonts[j]);
+            size[j] = canvas.measure(l.chars[j], *fonts[j]);
             rowHeight = std::max(rowHeight, size[j].height);
             rowAscent = std::max(rowAscent, size[j].ascent);
-        }
-        double top = y + (rowHeight / 2 - 4) + (rowHeight / 2 + 2) * std::sin(a * Rad);
-        double pushed = 0;
-        for (size_t j = 0; j < 5; ++j) {
-            canvas.text(x + 9.0 * static_cast<double>(j) + pushed, top - rowAscent + size[j].ascent,
-                        chars[j], *fonts[j], PaletteColour(colours[j]));
+            l.x[j] = x + 9.0 * static_cast<double>(j) + pushed;
             pushed += std::max(0.0, size[j].width - 9);
         }
+        double top = y + (rowHeight / 2 - 4) + (rowHeight / 2 + 2) * std::sin(a * Rad);
+        Box row{l.x[0], top - rowAscent, l.x[4] + size[4].width, top};
+        // Cusps a few degrees apart would write over each other: a row that
+        // meets a label already placed moves to the nearest clear place, up
+        // or down at the sides of the wheel, sideways above and below it.
+        const bool sides = std::fabs(std::cos(a * Rad)) >= 0.5;
+        const double ux = sides ? 0 : (std::cos(a * Rad) >= 0 ? 1 : -1);
+        const double uy = !sides ? 0 : (std::sin(a * Rad) >= 0 ? 1 : -1);
+        auto shifted = [&](double d) {
+            return Box{row.left + ux * d, row.bottom + uy * d, row.right + ux * d,
+                       row.top + uy * d};
+        };
+        auto meets = [&](const Box& b) {
+            if (b.nearestToCentre() < OuterRadius + 1) return true; // into the wheel
+            for (const Box& o : outside)
+                if (b.intersects(o, -1)) return true;
+            return false;
+        };
+        double moved = 0;
+        for (double d = 0; d < 500; ++d) {
+            if (!meets(shifted(d))) {
+                moved = d;
+                break;
+            }
+            if (d > 0 && !meets(shifted(-d))) {
+                moved = -d;
+                break;
+            }
+        }
+        row = shifted(moved);
+        for (size_t j = 0; j < 5; ++j) {
+            l.x[j] += ux * moved;
+            l.y[j] = top + uy * moved - rowAscent + size[j].ascent;
+        }
+        outside.push_back(row);
+    }
+    for (int i = 1; i <= 12; ++i) {
+        const CuspLabel& l = labels[static_cast<size_t>(i)];
+        for (size_t j = 0; j < 5; ++j)
+            canvas.text(l.x[j], l.y[j], l.chars[j], *fonts[j], PaletteColour(colours[j]));
     }
 
-    layout.intercepted = InterceptedSigns(w, type);
-    for (const auto& s : layout.intercepted) {
-        double x = 4 + LabelRadius * std::cos(s.angle * Rad);
-        if (s.angle > 90 && s.angle < 270) x -= 20;
-        double y = 4 + LabelRadius * std::sin(s.angle * Rad);
-        canvas.text(x, y, GlyphText(SignGlyph(s.sign)), cuspSign, PaletteColour(o.cuspSignColour));
-    }
+    for (size_t k = 0; k < layout.intercepted.size(); ++k)
+        canvas.text(interceptedAt[k].first, interceptedAt[k].second,
+                    GlyphText(SignGlyph(layout.intercepted[k].sign)), cuspSign,
+                    PaletteColour(o.cuspSignColour));
 
     layout.steps = MeasureSteps(canvas, o);
 

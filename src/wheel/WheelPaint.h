@@ -6,10 +6,12 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
-#include "chart/Aspects.h"
 #include "base/Options.h"
+#include "chart/Aspects.h"
 #include "wheel/Canvas.h"
 #include "wheel/Placement.h"
 #include "wheel/WheelGeometry.h"
@@ -116,6 +118,12 @@ void DrawLabelColumn(Canvas& canvas, const WheelOptions& o, const LabelSteps& st
 
 // Measures the four label steps with the medium's glyph size.
 LabelSteps MeasureSteps(Canvas& canvas, const WheelOptions& o);
+
+// The top-left corner of an intercepted sign's glyph at `angle`: 4 units
+// beyond 217.08 on the angle, 20 to the left on the left half, moved out
+// along the angle where the glyph would cross the rim.
+std::pair<double, double> InterceptedSignPlace(Canvas& canvas, const Font& font,
+                                               std::string_view glyph, double angle);
 
 // The body glyph of the wheel (option 15 chooses the Midheaven's; 0 when no
 // body glyphs are printed).

@@ -86,3 +86,15 @@ TEST(OutputBuffer, EmbeddedLineBreaksTakeThePageLineEnd) {
     EXPECT_EQ(PageText(out, "\n"), "x\nh\nd1\n\n\n");
     EXPECT_EQ(PageText(out, "\r\n"), "x\r\nh\r\nd1\r\n\r\n\r\n");
 }
+
+TEST(TextFiles, ReplacedWholeOrNotAtAll) {
+    kal::test::ScratchAppDir dir;
+    auto file = dir.path() / "NATAL.ORB";
+    ASSERT_TRUE(kal::ReplaceFileBytes(file, "8.0\r\n6.0\r\n"));
+    EXPECT_EQ(kal::ReadFileBytes(file), std::string("8.0\r\n6.0\r\n"));
+    EXPECT_FALSE(std::filesystem::exists(dir.path() / "NATAL.ORB.tmp~"));
+    // When the new text cannot be written the file keeps the old one.
+    std::filesystem::create_directory(dir.path() / "NATAL.ORB.tmp~");
+    EXPECT_FALSE(kal::ReplaceFileBytes(file, "truncated"));
+    EXPECT_EQ(kal::ReadFileBytes(file), std::string("8.0\r\n6.0\r\n"));
+}

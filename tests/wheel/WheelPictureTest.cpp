@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <sstream>
 
 #include "WheelFixture.h"
@@ -47,6 +48,12 @@ std::vector<std::string> Records() {
     lines.push_back("Helsinki,06 Dec 1917,12.00,P,-2,-024.56,60.10,");
     lines.push_back("Northern,18 May 1909,4.10,A,10,132.22,58.34,");
     lines.push_back("Southern,04 Dec 1966,3.42,A,11,50.24,-18.50,");
+    // More records for a longer run: KALTROVA_WHEEL_RECORDS names a file of
+    // names-file lines (tests/oracle/random_records.py writes such files).
+    if (const char* more = std::getenv("KALTROVA_WHEEL_RECORDS"))
+        if (auto extra = ReadLines(more))
+            for (const auto& l : *extra)
+                if (!l.empty()) lines.push_back(l);
     return lines;
 }
 
@@ -94,6 +101,7 @@ TEST_P(WheelPicture, NoInkOverlapsAndColumnsStayInTheRing) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(HouseSystems, WheelPicture, ::testing::Values('P', 'K', 'R'));
+INSTANTIATE_TEST_SUITE_P(HouseSystems, WheelPicture,
+                         ::testing::Values('P', 'R', 'K', 'C', 'O', 'B', 'T'));
 
 } // namespace

@@ -27,6 +27,7 @@
 #include <limits>
 #include <numbers>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "base/Options.h"
@@ -59,18 +60,6 @@ Box Union(const Box& a, const Box& b) {
 
 Box Shift(const Box& b, double dx, double dy) {
     return {b.left + dx, b.bottom + dy, b.right + dx, b.top + dy};
-}
-
-double FarthestDistance(const Box& b) {
-    double x = std::max(std::fabs(b.left), std::fabs(b.right));
-    double y = std::max(std::fabs(b.top), std::fabs(b.bottom));
-    return std::hypot(x, y);
-}
-
-double NearestDistance(const Box& b) {
-    double dx = std::max({b.left, 0.0, -b.right});
-    double dy = std::max({b.bottom, 0.0, -b.top});
-    return std::hypot(dx, dy);
 }
 
 // The characters a label place can show: the ink a column or row must leave
@@ -115,13 +104,13 @@ std::vector<Box> ColumnInk(const WheelOptions& o, double theta, double r, bool o
 
 bool InsideRim(const std::vector<Box>& boxes) {
     for (const Box& b : boxes)
-        if (FarthestDistance(b) > OuterRadius - RimGap) return false;
+        if (b.farthestFromCentre() > OuterRadius - RimGap) return false;
     return true;
 }
 
 double Innermost(const std::vector<Box>& boxes) {
     double d = std::numeric_limits<double>::max();
-    for (const Box& b : boxes) d = std::min(d, NearestDistance(b));
+    for (const Box& b : boxes) d = std::min(d, b.nearestToCentre());
     return d;
 }
 
@@ -235,17 +224,15 @@ RowLayout CuspLabelLayout(const std::vector<WheelOptions>& media,
 // The places where American intercepted signs are printed.
 std::vector<Box> InterceptedPlaces(const std::vector<WheelOptions>& media) {
     std::vector<Box> boxes;
+    RecordingCanvas canvas;
     for (int h = 1; h <= 12; ++h) {
         double a = Norm360(15 + 30.0 * (h - 7));
-        double x = 4 + LabelRadius * std::cos(a * Rad) - (a > 90 && a < 270 ? 20 : 0);
-        double y = 4 + LabelRadius * std::sin(a * Rad);
         for (const WheelOptions& o : media) {
             DrawCall probe;
             probe.kind = DrawCall::Text;
             probe.text = GlyphText(SignGlyph(1));
             probe.font = {Face::Glyph, o.cuspSignSize};
-            probe.x1 = x;
-            probe.y1 = y;
+            std::tie(probe.x1, probe.y1) = InterceptedSignPlace(canvas, probe.font, probe.text, a);
             boxes.push_back(EnvelopeInk(probe));
         }
     }
@@ -269,7 +256,7 @@ Placed PlaceCuspLabel(double phi, const RowLayout& label, const std::vector<Box>
     for (int x = static_cast<int>(ex) - 90; x <= static_cast<int>(ex) + 90; ++x) {
         for (int y = static_cast<int>(ey) - 70; y <= static_cast<int>(ey) + 70; ++y) {
             Box b = Shift(label.ink, x, y);
-            if (NearestDistance(b) < OuterRadius + RimGap) continue;
+            if (b.nearestToCentre() < OuterRadius + RimGap) continue;
             // The printed page has room around the wheel; the window has not.
             Box w = Shift(label.windowInk, x, y);
             if (w.left < -WindowHalfWidth || w.right > WindowHalfWidth ||

@@ -2,7 +2,19 @@
 
 #include <array>
 
+#include <algorithm>
+#include <cmath>
+
 namespace kal {
+
+double Box::nearestToCentre() const {
+    return std::hypot(std::max({left, 0.0, -right}), std::max({bottom, 0.0, -top}));
+}
+
+double Box::farthestFromCentre() const {
+    return std::hypot(std::max(std::fabs(left), std::fabs(right)),
+                      std::max(std::fabs(top), std::fabs(bottom)));
+}
 
 Rgb PaletteColour(int n) {
     static constexpr std::array<Rgb, 16> palette = {{{0, 0, 0},
