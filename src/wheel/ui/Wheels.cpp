@@ -145,10 +145,13 @@ void Wheels::Reopen() {
     // Reopened where it stands, as if its place had just been kept.
     recordPlace();
     Form_Load();
+    // Brought forward over the data window that took the new page; the
+    // focus is only moved when it is elsewhere (not while a step key is
+    // held down).
     if (isMinimized()) showNormal();
     show();
     raise();
-    activateWindow();
+    if (!isActiveWindow()) activateWindow();
 }
 
 void Wheels::areaResized(const QSize& size) {
