@@ -351,6 +351,22 @@ WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintIn
         }
         double top = y + (rowHeight / 2 - 4) + (rowHeight / 2 + 2) * std::sin(a * Rad);
         Box row{l.x[0], top - rowAscent, l.x[4] + size[4].width, top};
+        // Above and below the wheel a window leaves little room: a row that
+        // would leave it comes back inside and moves aside, clear of the rim.
+        double dy =
+            std::min(0.0, view.top - 0.5 - row.top) + std::max(0.0, view.bottom + 0.5 - row.bottom);
+        if (view.medium == Medium::Window && dy != 0) {
+            const double side = std::cos(a * Rad) >= 0 ? 1 : -1;
+            row = {row.left, row.bottom + dy, row.right, row.top + dy};
+            top += dy;
+            double dx = 0;
+            while (dx < 150 &&
+                   Box{row.left + dx, row.bottom, row.right + dx, row.top}.nearestToCentre() <
+                       OuterRadius + 1)
+                dx += side;
+            row = {row.left + dx, row.bottom, row.right + dx, row.top};
+            for (double& cx : l.x) cx += dx;
+        }
         // Cusps a few degrees apart would write over each other: a row that
         // meets a label already placed moves to the nearest clear place, up
         // or down at the sides of the wheel, sideways above and below it.

@@ -170,26 +170,21 @@ void AppContext::runListing(const std::function<Messages(Session&)>& listing, QW
 }
 
 bool AppContext::calculate(const InputFields& in, QWidget* parent) {
-    CalcOutcome outcome;
-    {
-        WaitCursor wait;
-        outcome = session_.Calculate(in);
-        if (outcome.calculated) session_.ShowDataPage(display_.DataWindowMinimised);
-    }
-    return finishCalculation(outcome, parent);
+    return runCalculation([&] { return session_.Calculate(in); }, parent);
 }
 
 bool AppContext::calculate(const SteppedRecord& r, QWidget* parent) {
+    return runCalculation([&] { return session_.Calculate(r); }, parent);
+}
+
+bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation,
+                                QWidget* parent) {
     CalcOutcome outcome;
     {
         WaitCursor wait;
-        outcome = session_.Calculate(r);
+        outcome = calculation();
         if (outcome.calculated) session_.ShowDataPage(display_.DataWindowMinimised);
     }
-    return finishCalculation(outcome, parent);
-}
-
-bool AppContext::finishCalculation(const CalcOutcome& outcome, QWidget* parent) {
     showMessages(outcome.messages, parent);
     if (!outcome.calculated) return false;
     emit chartCalculated();

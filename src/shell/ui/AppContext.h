@@ -157,7 +157,7 @@ class AppContext : public QObject {
     void selectionListsEmptied();
 
   private:
-    bool finishCalculation(const CalcOutcome& outcome, QWidget* parent);
+    bool runCalculation(const std::function<CalcOutcome()>& calculation, QWidget* parent);
 
     Session& session_;
     DisplayPrefs display_;
