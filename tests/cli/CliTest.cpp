@@ -228,67 +228,66 @@ TEST(CliAtlas, PlacesWithTheTimeInForce) {
                             "--place Paris --date 2000-02-30 --time 12:00"}) {
         EXPECT_EQ(RunShell(cli + bad + " 2>/dev/null").status, 64) << bad;
     }
+}
 
-    TEST(CliWheel, SvgPngAndPdfInBothStyles) {
-        kal::test::ScratchAppDir dir;
-        const auto out = dir.path() / "wheels";
-        std::filesystem::create_directories(out);
-        for (const char* style : {"american", "european"}) {
-            for (const char* ext : {"svg", "png", "pdf"}) {
-                auto file = out / (std::string(style) + "." + ext);
-                auto r = RunShell(Cli(dir.path(), "wheel --style " + std::string(style) +
-                                                      " --out " + ShellQuote(file.string()) +
-                                                      " --record " + ShellQuote(kExample)));
-                ASSERT_EQ(r.status, 0) << style << " " << ext;
-                EXPECT_TRUE(r.out.empty()); // no page on the standard output
-                auto bytes = kal::ReadFileBytes(file);
-                ASSERT_TRUE(bytes) << file;
-                if (std::string(ext) == "png") {
-                    ASSERT_GT(bytes->size(), 24u);
-                    EXPECT_EQ(bytes->substr(1, 3), "PNG");
-                    // The window of a 1024 by 768 screen.
-                    auto be32 = [&](size_t at) {
-                        unsigned v = 0;
-                        for (size_t i = 0; i < 4; ++i)
-                            v = v << 8 | static_cast<unsigned char>((*bytes)[at + i]);
-                        return v;
-                    };
-                    EXPECT_EQ(be32(16), 1024u);
-                    EXPECT_EQ(be32(20), 768u);
-                } else if (std::string(ext) == "svg") {
-                    // Viewable anywhere: the glyph font travels with the file and the
-                    // sans face is named by faces a viewer has.
-                    EXPECT_NE(bytes->find("@font-face{font-family:'Glyphix'"), std::string::npos);
-                    EXPECT_NE(bytes->find("Liberation Sans, Arial"), std::string::npos);
-                    EXPECT_EQ(bytes->find("MS Sans Serif"), std::string::npos);
-                    EXPECT_NE(bytes->find("Example - natal"), std::string::npos);
-                } else {
-                    EXPECT_EQ(bytes->substr(0, 5), "%PDF-");
-                }
+TEST(CliWheel, SvgPngAndPdfInBothStyles) {
+    kal::test::ScratchAppDir dir;
+    const auto out = dir.path() / "wheels";
+    std::filesystem::create_directories(out);
+    for (const char* style : {"american", "european"}) {
+        for (const char* ext : {"svg", "png", "pdf"}) {
+            auto file = out / (std::string(style) + "." + ext);
+            auto r = RunShell(Cli(dir.path(), "wheel --style " + std::string(style) + " --out " +
+                                                  ShellQuote(file.string()) + " --record " +
+                                                  ShellQuote(kExample)));
+            ASSERT_EQ(r.status, 0) << style << " " << ext;
+            EXPECT_TRUE(r.out.empty()); // no page on the standard output
+            auto bytes = kal::ReadFileBytes(file);
+            ASSERT_TRUE(bytes) << file;
+            if (std::string(ext) == "png") {
+                ASSERT_GT(bytes->size(), 24u);
+                EXPECT_EQ(bytes->substr(1, 3), "PNG");
+                // The window of a 1024 by 768 screen.
+                auto be32 = [&](size_t at) {
+                    unsigned v = 0;
+                    for (size_t i = 0; i < 4; ++i)
+                        v = v << 8 | static_cast<unsigned char>((*bytes)[at + i]);
+                    return v;
+                };
+                EXPECT_EQ(be32(16), 1024u);
+                EXPECT_EQ(be32(20), 768u);
+            } else if (std::string(ext) == "svg") {
+                // Viewable anywhere: the glyph font travels with the file and the
+                // sans face is named by faces a viewer has.
+                EXPECT_NE(bytes->find("@font-face{font-family:'Glyphix'"), std::string::npos);
+                EXPECT_NE(bytes->find("Liberation Sans, Arial"), std::string::npos);
+                EXPECT_EQ(bytes->find("MS Sans Serif"), std::string::npos);
+                EXPECT_NE(bytes->find("Example - natal"), std::string::npos);
+            } else {
+                EXPECT_EQ(bytes->substr(0, 5), "%PDF-");
             }
         }
-        // The two styles draw different wheels.
-        EXPECT_NE(kal::ReadFileBytes(out / "american.svg"),
-                  kal::ReadFileBytes(out / "european.svg"));
     }
+    // The two styles draw different wheels.
+    EXPECT_NE(kal::ReadFileBytes(out / "american.svg"), kal::ReadFileBytes(out / "european.svg"));
+}
 
-    TEST(CliWheel, BatchNamesEachFileAndBadArgumentsAreRefused) {
-        kal::test::ScratchAppDir dir;
-        dir.Write("TWO.FIL",
-                  kExample + "\r\nO'Brien Jr,03 Jan 1988,12.05,P,-10,-151.12,-33.52,\r\n");
-        auto out = dir.path() / "w.png";
-        auto r = RunShell(
-            Cli(dir.path(), "batch --names " + ShellQuote((dir.path() / "TWO.FIL").string()) +
-                                " wheel --size 300x200 --out " + ShellQuote(out.string())));
-        EXPECT_EQ(r.status, 0);
-        EXPECT_TRUE(std::filesystem::exists(dir.path() / "w-001-Example.png"));
-        EXPECT_TRUE(std::filesystem::exists(dir.path() / "w-002-O_Brien_Jr.png"));
+TEST(CliWheel, BatchNamesEachFileAndBadArgumentsAreRefused) {
+    kal::test::ScratchAppDir dir;
+    dir.Write("TWO.FIL", kExample + "\r\nO'Brien Jr,03 Jan 1988,12.05,P,-10,-151.12,-33.52,\r\n");
+    auto out = dir.path() / "w.png";
+    auto r =
+        RunShell(Cli(dir.path(), "batch --names " + ShellQuote((dir.path() / "TWO.FIL").string()) +
+                                     " wheel --size 300x200 --out " + ShellQuote(out.string())));
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "w-001-Example.png"));
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "w-002-O_Brien_Jr.png"));
 
-        for (const std::string args :
-             {"wheel --record " + ShellQuote(kExample),
-              "wheel --out x.gif --record " + ShellQuote(kExample),
-              "wheel --out x.png --style round --record " + ShellQuote(kExample),
-              "wheel --out x.png --size 10 --record " + ShellQuote(kExample),
-              "natal --out x.png --record " + ShellQuote(kExample)})
-            EXPECT_EQ(RunShell(Cli(dir.path(), args + " 2>/dev/null")).status, 64) << args;
-    }
+    for (const std::string args :
+         {"wheel --record " + ShellQuote(kExample),
+          "wheel --out x.gif --record " + ShellQuote(kExample),
+          "wheel --out x.png --style round --record " + ShellQuote(kExample),
+          "wheel --out x.png --size 10 --record " + ShellQuote(kExample),
+          "natal --out x.png --record " + ShellQuote(kExample)})
+        EXPECT_EQ(RunShell(Cli(dir.path(), args + " 2>/dev/null")).status, 64) << args;
+}

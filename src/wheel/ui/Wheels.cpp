@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <algorithm>
+
 #include "base/TextFile.h"
 #include "shell/ui/AppContext.h"
 #include "wheel/qt/WheelRender.h"
@@ -163,10 +165,14 @@ void Wheels::areaResized(const QSize& size) {
 void Wheels::recordPlace() {
     if (isMinimized() || !isVisible()) return;
     Settings& st = ctx_.display().settings;
-    st.WheelsTop = static_cast<short>(AppContext::toTwips(y()));
-    st.WheelsLeft = static_cast<short>(AppContext::toTwips(x()));
-    st.WheelsHeight = static_cast<short>(AppContext::toTwips(height()));
-    st.WheelsWidth = static_cast<short>(AppContext::toTwips(width()));
+    // The settings file keeps 16-bit twips.
+    auto twips = [](int px) {
+        return static_cast<short>(std::clamp(AppContext::toTwips(px), -32768, 32767));
+    };
+    st.WheelsTop = twips(y());
+    st.WheelsLeft = twips(x());
+    st.WheelsHeight = twips(height());
+    st.WheelsWidth = twips(width());
 }
 
 void Wheels::changeEvent(QEvent* e) {
