@@ -15,6 +15,7 @@
 #include "ShellUiSupport.h"
 #include "base/TextFile.h"
 #include "birthdata/ui/InputD.h"
+#include "shell/ui/OutputD1.h"
 #include "wheel/FontMetrics.h"
 #include "wheel/Glyphs.h"
 #include "wheel/RecordingCanvas.h"
@@ -151,6 +152,16 @@ void WheelWindowsTest::wheelOpensAfterACalculationAndScalesWithTheWindow() {
     }
     QVERIFY(w->mnuCTAmerican->isChecked() && !w->mnuCTEuropean->isChecked());
     QVERIFY(!w->mnuOptionAspectLines->isChecked() && w->mnuOptionDisplaySextiles->isChecked());
+
+    // Help shows the window's own help text in the data window, and that
+    // text names every shortcut the menu has.
+    w->mnuHelp->trigger();
+    auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
+    QVERIFY(data);
+    const QString help = data->RichText1->toPlainText();
+    QVERIFY(help.startsWith("THE CHARTWHEELS WINDOW\n"));
+    for (const auto& [name, caption, keys] : items)
+        if (!keys.isEmpty()) QVERIFY2(help.contains("(" + keys.toString() + ")"), name);
 
     // R = 225·W/H for a wide drawing area, 244 for a tall one.
     QWidget* area = w->findChild<QWidget*>("WheelArea");
