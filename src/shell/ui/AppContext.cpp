@@ -177,8 +177,7 @@ bool AppContext::calculate(const SteppedRecord& r, QWidget* parent) {
     return runCalculation([&] { return session_.Calculate(r); }, parent);
 }
 
-bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation,
-                                QWidget* parent) {
+bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation, QWidget* parent) {
     CalcOutcome outcome;
     {
         WaitCursor wait;
