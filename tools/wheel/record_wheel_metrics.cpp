@@ -23,26 +23,26 @@ namespace {
 // Metrics at a pixel size equal to the fonts' units per em are font units.
 constexpr int Size = 2048;
 
-struct FaceSpec {
+struct RecordedFace {
     const char* name;
     Face face;
     bool bold;
 };
 
-void WriteFace(std::ostream& out, const FaceSpec& spec) {
-    QFont font = WheelQFont(spec.face, spec.bold);
+void WriteFace(std::ostream& out, const RecordedFace& entry) {
+    QFont font = WheelQFont(entry.face, entry.bold);
     font.setPixelSize(Size);
     QFontMetricsF m(font);
     char buf[160];
-    out << "const Row " << spec.name << "[] = {\n";
+    out << "const Row " << entry.name << "[] = {\n";
     for (int code = 32; code <= 255; ++code) {
         QString s;
-        if (spec.face == Face::Glyph) {
+        if (entry.face == Face::Glyph) {
             s = WheelQString(std::string(1, static_cast<char>(code)), Face::Glyph);
         } else {
             s = QString(QChar(code));
         }
-        if (!m.inFont(s.at(0)) || (code >= 127 && code < 160 && spec.face == Face::Sans)) continue;
+        if (!m.inFont(s.at(0)) || (code >= 127 && code < 160 && entry.face == Face::Sans)) continue;
         QRectF ink = m.tightBoundingRect(s);
         // Blanks and invisible characters have no ink.
         if (ink.width() <= 0 || ink.height() <= 0) ink = QRectF();
@@ -55,7 +55,7 @@ void WriteFace(std::ostream& out, const FaceSpec& spec) {
     }
     out << "};\n";
     std::snprintf(buf, sizeof buf, "constexpr float %sAscent = %.6f, %sDescent = %.6f;\n\n",
-                  spec.name, m.ascent() / Size, spec.name, m.descent() / Size);
+                  entry.name, m.ascent() / Size, entry.name, m.descent() / Size);
     out << buf;
 }
 
@@ -78,9 +78,9 @@ int main(int argc, char** argv) {
            "#include \"wheel/FontMetrics.h\"\n\n"
            "namespace kal {\n\nnamespace {\n\n"
            "struct Row {\n    int code;\n    float advance, xMin, yMin, xMax, yMax;\n};\n\n";
-    const FaceSpec faces[] = {{"kGlyph", Face::Glyph, false},
-                              {"kSans", Face::Sans, false},
-                              {"kSansBold", Face::Sans, true}};
+    const RecordedFace faces[] = {{"kGlyph", Face::Glyph, false},
+                                  {"kSans", Face::Sans, false},
+                                  {"kSansBold", Face::Sans, true}};
     for (const auto& f : faces) WriteFace(out, f);
     out << "template <size_t N> FaceMetrics Build(float ascent, float descent, const Row "
            "(&rows)[N]) "
