@@ -62,15 +62,7 @@ TEST(AtlasZone, KindOfTimeCodes) {
     }
 }
 
-TEST(AtlasHour, TwelveHourClockToTwentyFour) {
-    EXPECT_EQ(Hour24(12, false), 0);
-    EXPECT_EQ(Hour24(1, false), 1);
-    EXPECT_EQ(Hour24(11, false), 11);
-    EXPECT_EQ(Hour24(12, true), 12);
-    EXPECT_EQ(Hour24(1, true), 13);
-    EXPECT_EQ(Hour24(11, true), 23);
-}
-
+// The hour on the 24-hour clock: 12 A.M. is 0, 12 P.M. is 12.
 TEST(AtlasHour, BirthClockFromTheInputTexts) {
     struct Row {
         const char *hour, *minute;
@@ -78,8 +70,9 @@ TEST(AtlasHour, BirthClockFromTheInputTexts) {
         int h, m, s;
     } rows[] = {
         {"12", "0", false, 0, 0, 0},  {"12", "5", true, 12, 5, 0},
-        {"1", "43", true, 13, 43, 0}, {"10", "43.5", false, 10, 43, 30},
-        {"", "", false, 0, 0, 0},
+        {"1", "43", true, 13, 43, 0}, {"11", "0", true, 23, 0, 0},
+        {"1", "0", false, 1, 0, 0},   {"11", "0", false, 11, 0, 0},
+        {"", "", false, 0, 0, 0},     {"10", "43.5", false, 10, 43, 30},
     };
     for (const auto& r : rows) {
         LocalClock c = BirthClock("8", "1", "1944", r.hour, r.minute, r.pm);

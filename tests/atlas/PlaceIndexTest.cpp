@@ -192,13 +192,6 @@ TEST(AtlasLookup, MunichInSummer1944) {
     EXPECT_FLOAT_EQ(
         AtlasZoneFromKind(answer.zone.first.zone900, answer.zone.first.kindOfTime).hours, -2);
     EXPECT_EQ(answer.duplicate, 0);
-
-    auto dallas = a.search("Dallas, Texas", 1);
-    ASSERT_EQ(dallas.size(), 1u);
-    AtlasAnswer old = LookupPlace(a, dallas[0].place, {1870, 6, 1, 12, 0});
-    EXPECT_EQ(old.zone.first.kindOfTime, kLocalMeanTime);
-    EXPECT_EQ(old.zone.first.zone900, 5808);
-    EXPECT_TRUE(AtlasZoneFromKind(old.zone.first.zone900, old.zone.first.kindOfTime).localMeanTime);
 }
 
 } // namespace
