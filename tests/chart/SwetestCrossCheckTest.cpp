@@ -14,28 +14,26 @@ using namespace kal;
 
 namespace {
 
-struct SwetestResult {
-    std::vector<std::pair<double, double>> rows; // longitude, speed per output line
-};
-
-SwetestResult RunSwetest(double jdUT, double lon, double lat, char hsys) {
+// Longitude and speed of each output line: the bodies, the cusps, Asc, MC
+// and ARMC.
+std::vector<std::pair<double, double>> RunSwetest(double jdUT, double lon, double lat, char hsys) {
     char cmd[512];
     std::snprintf(cmd, sizeof cmd,
                   "swetest -bj%.10f -ut -p0123456789m -fPls -g, -head -house%.10f,%.10f,%c "
                   "-edir%s 2>/dev/null",
                   jdUT, lon, lat, hsys, (kal::test::AppDir() / "ephems").c_str());
     auto run = kal::test::RunShell(cmd);
-    SwetestResult r;
+    std::vector<std::pair<double, double>> rows;
     std::istringstream in(run.out);
     std::string line;
     while (std::getline(in, line)) {
         auto c1 = line.find(',');
         if (c1 == std::string::npos) continue;
         auto c2 = line.find(',', c1 + 1);
-        r.rows.emplace_back(Val(line.substr(c1 + 1)),
-                            c2 == std::string::npos ? 0 : Val(line.substr(c2 + 1)));
+        rows.emplace_back(Val(line.substr(c1 + 1)),
+                          c2 == std::string::npos ? 0 : Val(line.substr(c2 + 1)));
     }
-    return r;
+    return rows;
 }
 
 InputFields RandomInput(std::mt19937& rng, char hsys) {
@@ -67,7 +65,6 @@ TEST(SwetestCrossCheck, BodiesSpeedsAndCuspsInEverySystem) {
         GTEST_SKIP() << "swetest missing";
     OpenEphemeris(kal::test::AppDir() / "ephems");
     std::mt19937 rng(20261122);
-    int checked = 0;
     for (const auto& hs : HouseSystems) {
         for (int n = 0; n < 8; ++n) {
             InputFields in = RandomInput(rng, hs.letter);
@@ -81,33 +78,31 @@ TEST(SwetestCrossCheck, BodiesSpeedsAndCuspsInEverySystem) {
             // The program's own day number names the same moment.
             EXPECT_NEAR(c.ChartJulDay, c.JulDayUT, 1e-6);
 
-            SwetestResult s = RunSwetest(c.JulDayUT, c.GeoLong, c.GeoLat, hs.letter);
-            ASSERT_GE(s.rows.size(), 26u) << "swetest output incomplete";
+            const auto rows = RunSwetest(c.JulDayUT, c.GeoLong, c.GeoLat, hs.letter);
+            ASSERT_GE(rows.size(), 26u) << "swetest output incomplete";
             const int bodyOrder[11] = {Sun,    Moon,   Mercury, Venus, Mars, Jupiter,
                                        Saturn, Uranus, Neptune, Pluto, NNode};
             std::string where = std::string(hs.name) + " " + in.txtMonth + "/" + in.txtDay + "/" +
                                 in.txtYear + " " + in.txtBirthHour + ":" + in.txtBirthMinute;
             for (int i = 0; i < 11; ++i) {
                 EXPECT_NEAR(c.PlanetLong[static_cast<size_t>(bodyOrder[i])],
-                            s.rows[static_cast<size_t>(i)].first, 2e-7)
+                            rows[static_cast<size_t>(i)].first, 2e-7)
                     << where << " body " << bodyOrder[i];
                 EXPECT_NEAR(c.PlanetSpeed[static_cast<size_t>(bodyOrder[i])],
-                            s.rows[static_cast<size_t>(i)].second, 2e-7)
+                            rows[static_cast<size_t>(i)].second, 2e-7)
                     << where;
             }
             for (int h = 1; h <= 12; ++h) {
                 EXPECT_NEAR(c.CuspTable[static_cast<size_t>(CuspIndexOfHouse(h))],
-                            s.rows[static_cast<size_t>(10 + h)].first, 2e-7)
+                            rows[static_cast<size_t>(10 + h)].first, 2e-7)
                     << where << " house " << h;
             }
-            EXPECT_NEAR(c.PlanetLong[Asc], s.rows[23].first, 2e-7) << where;
-            EXPECT_NEAR(c.PlanetLong[MC], s.rows[24].first, 2e-7) << where;
-            EXPECT_NEAR(c.ARMC, s.rows[25].first, 2e-7) << where;
+            EXPECT_NEAR(c.PlanetLong[Asc], rows[23].first, 2e-7) << where;
+            EXPECT_NEAR(c.PlanetLong[MC], rows[24].first, 2e-7) << where;
+            EXPECT_NEAR(c.ARMC, rows[25].first, 2e-7) << where;
             for (int j = 1; j <= 11; ++j)
                 EXPECT_EQ(c.RetroFlags[static_cast<size_t>(j - 1)] == 'R',
                           c.PlanetSpeed[static_cast<size_t>(j)] < 0);
-            ++checked;
         }
     }
-    EXPECT_EQ(checked, 56);
 }

@@ -130,8 +130,6 @@ ASPECT_ANGLE = [None, 0, 0, 60, 90, 120, 180, 0, 30, 45, 135, 150, 36, 40, 72,
 HOUSE_NAMES = {'P': 'Placidus', 'K': 'Koch', 'R': 'Regiomontanus',
                'C': 'Campanus', 'O': 'Porphyry', 'B': 'Alcabitus',
                'T': 'Topocentric'}
-MONTHS = ['JAN', 'FEB', 'MAR', 'APR', 'MAY', 'JUN', 'JUL', 'AUG', 'SEP',
-          'OCT', 'NOV', 'DEC']
 MONTH_ABBR = ['Jan', 'Feb', 'Mar', 'Apr', 'May', 'Jun', 'Jul', 'Aug', 'Sep',
               'Oct', 'Nov', 'Dec']
 
@@ -251,7 +249,7 @@ def read_numbered(path, limit, values=None):
 def parse_date(text):
     parts = text.split()
     day = int(parts[0])
-    mon = MONTHS.index(parts[1][:3].upper()) + 1
+    mon = [m.upper() for m in MONTH_ABBR].index(parts[1][:3].upper()) + 1
     year = int(parts[2])
     return day, mon, year
 
