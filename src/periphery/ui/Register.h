@@ -1,4 +1,4 @@
-// The periphery's windows: the about window (later the tip of the day and
+// The periphery's windows: the about window and the tip of the day (later
 // the personal header editor).
 #pragma once
 
