@@ -4,7 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
+#include <regex>
+#include <set>
+#include <sstream>
 
 #include "base/Options.h"
 #include "base/TextFile.h"
@@ -70,7 +74,59 @@ bool HasLine(const std::string& file, const std::string& line) {
     return std::find(lines.begin(), lines.end(), line) != lines.end();
 }
 
+// The help files the program's code names: every "X.HLP" or "\\X.HLP"
+// literal of its sources, in help commands and report chapters alike.
+std::set<std::string> HelpFilesNamedInTheCode() {
+    const std::regex literal(R"re("(?:\\\\)?([A-Za-z0-9_]+\.HLP)")re", std::regex::icase);
+    std::set<std::string> names;
+    for (const auto& e : fs::recursive_directory_iterator(fs::path(KALTROVA_SOURCE_DIR) / "src")) {
+        const auto ext = e.path().extension();
+        if (ext != ".cpp" && ext != ".h") continue;
+        std::ifstream in(e.path());
+        std::stringstream code;
+        code << in.rdbuf();
+        const std::string text = code.str();
+        for (std::sregex_iterator m(text.begin(), text.end(), literal), end; m != end; ++m)
+            names.insert((*m)[1]);
+    }
+    return names;
+}
+
+// A window's help file comes with the window: while its code is not in the
+// tree, the menu item answers with the missing-file message instead.
+bool WindowCodeMissingFor(const std::string& helpFile) {
+    if (helpFile != "WHEELS.HLP") return false;
+    const fs::path folder = fs::path(KALTROVA_SOURCE_DIR) / "src" / "wheel" / "ui";
+    for (const auto& e : fs::directory_iterator(folder))
+        if (e.path().extension() == ".cpp") return false;
+    return true;
+}
+
 } // namespace
+
+TEST(ShippedHelp, EveryHelpFileTheCodeNamesIsShippedAndEveryShippedOneIsNamed) {
+    const auto named = HelpFilesNamedInTheCode();
+    // The Help menu alone names seventeen.
+    ASSERT_GE(named.size(), 17u);
+    for (const auto& name : named) {
+        SCOPED_TRACE(name);
+        if (WindowCodeMissingFor(name)) continue;
+        const auto lines = ReadLines(FindFile(fs::path(KALTROVA_SOURCE_DIR) / "data", name));
+        ASSERT_TRUE(lines.has_value()) << "no such file in data/";
+        EXPECT_TRUE(std::any_of(lines->begin(), lines->end(), [](const std::string& l) {
+            return !l.empty();
+        })) << "empty";
+    }
+    // A help file no command shows is never read.
+    auto upper = [](std::string n) {
+        std::transform(n.begin(), n.end(), n.begin(), ::toupper);
+        return n;
+    };
+    std::set<std::string> namedUpper;
+    for (const auto& n : named) namedUpper.insert(upper(n));
+    for (const auto& file : HelpFiles())
+        EXPECT_TRUE(namedUpper.count(upper(file))) << file << " is shown by no command";
+}
 
 TEST(ShippedHelp, PlainTextThatFitsTheDataWindow) {
     const auto files = HelpFiles();
