@@ -1,59 +1,201 @@
-// Benchmarks of the calculation path: one chart through the ephemeris, and
-// a whole calculation with its data page (what every OK and every wheel time
-// step costs). Report figures as ratios taken in one run.
+// Benchmarks of the calculation path, each beside the baseline of the same
+// run (BenchCharts.h): the calculation with its whole data page, each
+// listing alone, the page text, and a whole kaltrova-cli process.
+//
+//   cmake --preset bench && cmake --build build-bench --target bench_calc
+//   build-bench/tools/bench/bench_calc --benchmark_repetitions=9
+//       --benchmark_report_aggregates_only=true      (one command line)
+//   tools/bench/count_instructions.sh build-bench   (callgrind: per chart)
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <swephexp.h>
+#include <sys/wait.h>
 
+#include <cstdio>
 #include <filesystem>
+#include <string>
+#include <vector>
 
-#include "birthdata/Record.h"
-#include "chart/Calc.h"
-#include "shell/Session.h"
+#include "BenchCharts.h"
+#include "analyses/Listings.h"
+#include "analyses/NatalData.h"
+#include "base/OutputBuffer.h"
+
+extern char** environ;
 
 namespace {
 
-kal::Session& BenchSession() {
-    static kal::Session s = [] {
-        kal::Session x;
-        x.Open(KALTROVA_APPDIR);
-        auto rec = kal::ParseRecordLine("Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
-        kal::TransferRecord(*rec, 0, x.calc.input);
-        return x;
-    }();
-    return s;
+using namespace kal;
+using kal::bench::BenchCharts;
+using kal::bench::BenchSession;
+
+// The calculation of OK: input checks, chart and the whole data page in the
+// buffer.
+void CalcChart(std::size_t i) {
+    const auto& set = BenchCharts();
+    Session& s = BenchSession();
+    s.calc.HouseSystem = set.houses[i];
+    benchmark::DoNotOptimize(s.Calculate(set.inputs[i]));
 }
 
-void BM_CalcEphemeris(benchmark::State& state) {
-    kal::Session& s = BenchSession();
-    kal::Chart c;
-    kal::FillIdentityFromInput(c, s.calc.input, 0);
-    kal::SetCalcInputsFromInput(c, s.calc.input);
-    for (auto _ : state) {
-        kal::CalcEphemeris(c);
-        kal::FindPlanetHouses(c);
-        benchmark::DoNotOptimize(c.PlanetLong);
-    }
+// The same with the page shown: written to reports/LASTPAGE.TXT.
+void CalcChartShown(std::size_t i) {
+    CalcChart(i);
+    BenchSession().ShowDataPage();
 }
-BENCHMARK(BM_CalcEphemeris);
 
-void BM_CalcChartWithPage(benchmark::State& state) {
-    kal::Session& s = BenchSession();
-    const kal::InputFields input = s.calc.input;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(s.Calculate(input).calculated);
-    }
+// One listing on a calculated chart, into an empty buffer.
+template <class F> void OneListing(std::size_t i, F listing) {
+    static OutputBuffer out;
+    Session& s = BenchSession();
+    out.ClearAllLines();
+    out.ClearDataPage();
+    ListingTables t = s.Tables();
+    listing(BenchCharts().charts[i], t, out);
+    benchmark::DoNotOptimize(out.PageLines.data());
 }
-BENCHMARK(BM_CalcChartWithPage);
 
-void BM_NatalAspects(benchmark::State& state) {
-    kal::Session& s = BenchSession();
-    s.Calculate(kal::InputFields(s.calc.input));
-    for (auto _ : state) {
-        s.listing.out.ClearAllLines();
-        benchmark::DoNotOptimize(s.CmdNatalAspects());
+void Header(std::size_t i) {
+    OneListing(i, [](const Chart& c, ListingTables& t, OutputBuffer& out) {
+        ChartHeader(c, t.dateOrder, out);
+        return Messages{};
+    });
+}
+void Career(std::size_t i) {
+    OneListing(i, CareerFactorsListing);
+}
+void Aspects(std::size_t i) {
+    OneListing(i, NatalAspectsListing);
+}
+void Natal(std::size_t i) {
+    OneListing(i, NatalDataListing);
+}
+void Cosmic(std::size_t i) {
+    OneListing(i, CosmicStateListing);
+}
+
+// The whole calculation page of each chart, composed.
+std::vector<OutputBuffer>& Pages() {
+    static std::vector<OutputBuffer> pages;
+    return pages;
+}
+void ComposePages() {
+    Session& s = BenchSession();
+    for (std::size_t k = Pages().size(); k < BenchCharts().charts.size(); ++k) {
+        OutputBuffer out;
+        ListingTables t = s.Tables();
+        CalculationPage(BenchCharts().charts[k], t, out);
+        out.AppendBlankLine();
+        Pages().push_back(std::move(out));
     }
 }
-BENCHMARK(BM_NatalAspects);
+// The text of a composed page.
+void PageOfText(std::size_t i) {
+    benchmark::DoNotOptimize(PageText(Pages()[i], "\r\n"));
+}
+
+const bench::Workloads& Workloads() {
+    static const bench::Workloads w = {
+        {"baseline", {[](std::size_t i) { bench::EphemerisOnly(BenchCharts().moments[i]); }}},
+        {"calc", {CalcChart}},
+        {"shown", {CalcChartShown}},
+        {"header", {Header}},
+        {"career", {Career}},
+        {"aspects", {Aspects}},
+        {"natal", {Natal}},
+        {"cosmic", {Cosmic}},
+        {"pagetext", {PageOfText, ComposePages}},
+    };
+    return w;
+}
+
+// Runs a workload on the charts in turn.
+void OverCharts(benchmark::State& state, const char* name) {
+    const bench::Workload& w = Workloads().at(name);
+    if (w.prepare) w.prepare();
+    const std::size_t n = BenchCharts().charts.size();
+    std::size_t i = 0;
+    for (auto _ : state) w.run(i++ % n);
+}
+
+// Runs a program to its end, its output thrown away; false when it could
+// not be started or did not exit with 0.
+bool RunProcess(const std::vector<std::string>& args) {
+    std::vector<char*> argv;
+    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+    pid_t pid = 0;
+    int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (rc != 0) return false;
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// `kaltrova-cli page` for one record, process start to exit.
+void BM_Process_CliPage(benchmark::State& state) {
+    const auto& set = BenchCharts();
+    std::size_t i = 0;
+    for (auto _ : state) {
+        std::size_t k = i++ % set.lines.size();
+        if (!RunProcess({KALTROVA_CLI, "--dir", KALTROVA_APPDIR, "--houses",
+                         std::string(1, set.houses[k]), "page", "--record", set.lines[k]})) {
+            state.SkipWithError("kaltrova-cli failed");
+            break;
+        }
+    }
+}
+
+// For comparison: one swetest process for the same moment (bodies and
+// houses), where swetest is installed.
+void BM_Process_Swetest(benchmark::State& state) {
+    const auto& set = BenchCharts();
+    const std::string ephe = std::string("-edir") + KALTROVA_APPDIR + "/ephems";
+    std::size_t i = 0;
+    for (auto _ : state) {
+        const bench::Moment& m = set.moments[i++ % set.moments.size()];
+        int y = 0, mo = 0, d = 0;
+        double h = 0;
+        swe_revjul(m.ut, SE_GREG_CAL, &y, &mo, &d, &h);
+        char date[64], time[64], house[96];
+        std::snprintf(date, sizeof date, "-b%d.%d.%d", d, mo, y);
+        std::snprintf(time, sizeof time, "-ut%.6f", h);
+        std::snprintf(house, sizeof house, "-house%.6f,%.6f,%c", m.lon, m.lat, m.houses);
+        if (!RunProcess({"/usr/bin/swetest", date, time, "-p0123456789m", house, "-head", ephe})) {
+            state.SkipWithError("swetest failed");
+            break;
+        }
+    }
+}
+
+void Register() {
+    auto figure = [](const char* bm, const char* workload) {
+        benchmark::RegisterBenchmark(bm, OverCharts, workload)->Unit(benchmark::kMicrosecond);
+    };
+    figure("BM_CalcChart", "calc");
+    figure("BM_CalcChart_Shown", "shown");
+    figure("BM_Listing_Header", "header");
+    figure("BM_Listing_Career", "career");
+    figure("BM_Listing_Aspects", "aspects");
+    figure("BM_Listing_NatalData", "natal");
+    figure("BM_Listing_CosmicState", "cosmic");
+    figure("BM_PageText", "pagetext");
+    benchmark::RegisterBenchmark("BM_Process_CliPage", BM_Process_CliPage)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+    if (std::filesystem::exists("/usr/bin/swetest"))
+        benchmark::RegisterBenchmark("BM_Process_Swetest", BM_Process_Swetest)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
+}
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    return kal::bench::Main(argc, argv, Register, Workloads());
+}
