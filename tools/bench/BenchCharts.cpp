@@ -10,6 +10,7 @@
 #include <iostream>
 #include <random>
 #include <set>
+#include <unistd.h>
 
 #include "birthdata/Record.h"
 
@@ -117,6 +118,9 @@ void BM_Baseline_Ephemeris(benchmark::State& state) {
 // figures that measure real time (the processes).
 class RatioReporter : public benchmark::ConsoleReporter {
   public:
+    // In colour on a terminal; the ratio follows each figure as
+    // "x_baseline=...".
+    RatioReporter() : ConsoleReporter(isatty(1) ? OO_Color : OO_None) {}
     void ReportRuns(const std::vector<Run>& runs) override {
         std::vector<Run> out = runs;
         for (Run& r : out) {
