@@ -1,130 +1,212 @@
 #include "base/VbText.h"
 
+#include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <cstdint>
 #include <cstdlib>
 
 namespace kal {
 
 namespace {
 
-// Decimal digits of |v| rounded to `sig` significant digits, as a digit
-// string and the power of ten of its first digit.
+// |v| rounded to `sig` significant decimal digits: the digits without
+// trailing zeros and the power of ten of the first one
+// (value = 0.d1d2d3... * 10^exp10). 0 and values that are not finite give
+// the single digit 0 with exp10 1.
 struct Decimal {
-    std::string digits; // no leading zeros unless the value is 0
-    int exp10 = 0;      // value = 0.d1d2d3... * 10^(exp10)
+    char digits[24];
+    int count = 0;
+    int exp10 = 1;
+    std::string_view view() const { return {digits, static_cast<size_t>(count)}; }
 };
+
+constexpr double kPow10[] = {1e0, 1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
+                             1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17};
 
 Decimal ToDecimal(double v, int sig) {
     Decimal d;
     v = std::fabs(v);
     if (v == 0.0 || !std::isfinite(v)) {
-        d.digits = "0";
-        d.exp10 = 1;
+        d.digits[d.count++] = '0';
         return d;
     }
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.*e", sig - 1, v);
-    // buf: d.ddddde[+-]XX
-    std::string s(buf);
-    size_t e = s.find('e');
-    std::string mant = s.substr(0, e);
-    int ex = std::atoi(s.c_str() + e + 1);
-    for (char c : mant)
-        if (std::isdigit(static_cast<unsigned char>(c))) d.digits += c;
-    d.exp10 = ex + 1;
-    while (d.digits.size() > 1 && d.digits.back() == '0') d.digits.pop_back();
+    const std::uint64_t whole = v < kPow10[sig] ? static_cast<std::uint64_t>(v) : 0;
+    if (whole != 0 && static_cast<double>(whole) == v) {
+        // A whole number of at most `sig` digits is its own rounding.
+        d.count = static_cast<int>(std::to_chars(d.digits, d.digits + sizeof d.digits, whole).ptr -
+                                   d.digits);
+        d.exp10 = d.count;
+    } else {
+        // d.ddde-XX, correctly rounded from the exact binary value with ties
+        // to even, digit for digit what the C library's "%.*e" prints.
+        char buf[40];
+        const char* end =
+            std::to_chars(buf, buf + sizeof buf, v, std::chars_format::scientific, sig - 1).ptr;
+        const char* c = buf;
+        d.digits[d.count++] = *c++;
+        if (*c == '.')
+            for (++c; *c != 'e'; ++c) d.digits[d.count++] = *c;
+        ++c; // past 'e'
+        const bool negative = *c == '-';
+        int e = 0;
+        std::from_chars(c + 1, end, e);
+        d.exp10 = (negative ? -e : e) + 1;
+    }
+    while (d.count > 1 && d.digits[d.count - 1] == '0') --d.count;
     return d;
 }
 
-// Integer-part digits and exactly `frac` fraction digits of the decimal value,
-// rounded half away from zero.
-void RoundDecimal(const Decimal& d, int frac, std::string& intPart, std::string& fracPart) {
-    // Lay out all digits with the point after position exp10.
-    std::string all;
-    int pointPos; // number of digits before the point in `all`
-    if (d.exp10 <= 0) {
-        all = std::string(static_cast<size_t>(-d.exp10), '0') + d.digits;
-        pointPos = 0;
-    } else {
-        all = d.digits;
-        if (static_cast<int>(all.size()) < d.exp10)
-            all += std::string(static_cast<size_t>(d.exp10) - all.size(), '0');
-        pointPos = d.exp10;
+// What a digit pattern asks for.
+struct Pattern {
+    bool point = false; // the pattern has a '.'
+    int minInt = 0;     // integer digits at least: placeholders from the first '0'
+    int frac = 0;       // fraction digits: placeholders after the point
+    int minFrac = 0;    // fraction digits kept when zero: up to the last '0'
+};
+
+Pattern ReadPattern(std::string_view pattern) {
+    Pattern p;
+    const size_t dot = pattern.find('.');
+    const std::string_view ip = pattern.substr(0, dot);
+    const size_t firstZero = ip.find('0');
+    p.minInt = firstZero == std::string_view::npos ? 0 : static_cast<int>(ip.size() - firstZero);
+    if (dot != std::string_view::npos) {
+        const std::string_view fp = pattern.substr(dot + 1);
+        p.point = true;
+        p.frac = static_cast<int>(fp.size());
+        const size_t lastZero = fp.rfind('0');
+        p.minFrac = lastZero == std::string_view::npos ? 0 : static_cast<int>(lastZero + 1);
     }
-    int keep = pointPos + frac;
-    if (static_cast<int>(all.size()) < keep) all += std::string(keep - all.size(), '0');
-    bool roundUp = static_cast<int>(all.size()) > keep && all[keep] >= '5';
-    std::string kept = all.substr(0, keep);
-    if (roundUp) {
-        int i = keep - 1;
-        while (i >= 0 && kept[i] == '9') kept[i--] = '0';
-        if (i >= 0)
-            kept[i]++;
-        else {
-            kept.insert(kept.begin(), '1');
-            pointPos++;
-        }
-    }
-    intPart = kept.substr(0, pointPos);
-    fracPart = kept.substr(pointPos);
-    size_t nz = intPart.find_first_not_of('0');
-    intPart = nz == std::string::npos ? "" : intPart.substr(nz);
+    return p;
+}
+
+// |v| rounded half away from zero to a whole number, when that can be told
+// without its decimal digits: |v| below 2^31 with fewer than `sig` integer
+// digits, and a fraction far enough from one half that rounding to `sig`
+// significant digits first (which moves the value by at most half a unit
+// of the last digit) cannot carry it across. Nothing otherwise.
+std::optional<std::uint32_t> QuickWhole(double v, int sig) {
+    const double x = std::fabs(v);
+    if (!(x < 2147483648.0)) return std::nullopt;
+    const auto i = static_cast<std::uint32_t>(x);
+    const double f = x - i; // exact
+    int digits = 1;
+    while (digits < 10 && i >= kPow10[digits]) ++digits;
+    if (digits >= sig) return std::nullopt;
+    if (std::fabs(f - 0.5) * kPow10[sig - digits] <= 1.0) return std::nullopt;
+    return f >= 0.5 ? i + 1 : i;
 }
 
 } // namespace
 
-std::string FormatNumber(double v, std::string_view pattern, Precision p) {
-    size_t dot = pattern.find('.');
-    std::string_view ip = pattern.substr(0, dot);
-    std::string_view fp =
-        dot == std::string_view::npos ? std::string_view{} : pattern.substr(dot + 1);
-    size_t firstZero = ip.find('0');
-    int minInt = firstZero == std::string_view::npos ? 0 : static_cast<int>(ip.size() - firstZero);
-    int frac = static_cast<int>(fp.size());
-    size_t lastZero = fp.rfind('0');
-    int minFrac = lastZero == std::string_view::npos ? 0 : static_cast<int>(lastZero + 1);
-
-    std::string intPart, fracPart;
-    RoundDecimal(ToDecimal(v, static_cast<int>(p)), frac, intPart, fracPart);
-    while (static_cast<int>(fracPart.size()) > minFrac && fracPart.back() == '0')
-        fracPart.pop_back();
-    if (static_cast<int>(intPart.size()) < minInt)
-        intPart.insert(0, static_cast<size_t>(minInt) - intPart.size(), '0');
-
-    bool nonzero = intPart.find_first_not_of('0') != std::string::npos ||
-                   fracPart.find_first_not_of('0') != std::string::npos;
-    std::string out;
-    if (v < 0 && nonzero) out += '-';
-    out += intPart;
-    if (dot != std::string_view::npos && (!fracPart.empty() || frac == 0)) {
-        if (!fracPart.empty()) out += '.' + fracPart;
+void AppendNumber(std::string& out, double v, std::string_view pattern, Precision prec) {
+    const Pattern p = ReadPattern(pattern);
+    const int sig = static_cast<int>(prec);
+    if (p.frac == 0) {
+        if (auto whole = QuickWhole(v, sig)) {
+            char buf[16];
+            const int n =
+                *whole == 0
+                    ? 0
+                    : static_cast<int>(std::to_chars(buf, buf + sizeof buf, *whole).ptr - buf);
+            if (v < 0 && *whole != 0) out += '-';
+            if (n < p.minInt) out.append(static_cast<size_t>(p.minInt - n), '0');
+            out.append(buf, static_cast<size_t>(n));
+            return;
+        }
     }
+
+    const Decimal d = ToDecimal(v, sig);
+    // Digit i of the value written out from its first integer place (from
+    // the point when it is below 1), with zeros before and after its digits.
+    const int lead = d.exp10 <= 0 ? -d.exp10 : 0;
+    auto digitAt = [&](int i) {
+        const int k = i - lead;
+        return k >= 0 && k < d.count ? d.digits[k] : '0';
+    };
+    int intDigits = d.exp10 > 0 ? d.exp10 : 0;
+    const int keep = intDigits + p.frac;
+
+    // The kept digits, after one spare place for a carry.
+    char small[64];
+    std::string large;
+    char* kept = small;
+    if (keep + 1 > static_cast<int>(sizeof small)) {
+        large.resize(static_cast<size_t>(keep) + 1);
+        kept = large.data();
+    }
+    kept[0] = '0';
+    for (int i = 0; i < keep; ++i) kept[i + 1] = digitAt(i);
+    int first = 1;
+    if (digitAt(keep) >= '5') { // half away from zero
+        int i = keep;
+        while (i >= 1 && kept[i] == '9') kept[i--] = '0';
+        if (i >= 1) {
+            ++kept[i];
+        } else {
+            kept[0] = '1';
+            first = 0;
+            ++intDigits;
+        }
+    }
+    const char* intBegin = kept + first;
+    const char* const intEnd = intBegin + intDigits;
+    const char* fracEnd = kept + keep + 1;
+    while (intBegin < intEnd && *intBegin == '0') ++intBegin;
+    while (fracEnd - intEnd > p.minFrac && fracEnd[-1] == '0') --fracEnd;
+
+    const int intLen = static_cast<int>(intEnd - intBegin);
+    const bool nonzero =
+        intLen > 0 || std::find_if(intEnd, fracEnd, [](char c) { return c != '0'; }) != fracEnd;
+    if (v < 0 && nonzero) out += '-';
+    if (intLen < p.minInt) out.append(static_cast<size_t>(p.minInt - intLen), '0');
+    out.append(intBegin, intEnd);
+    if (p.point && fracEnd > intEnd) {
+        out += '.';
+        out.append(intEnd, fracEnd);
+    }
+}
+
+std::string FormatNumber(double v, std::string_view pattern, Precision p) {
+    std::string out;
+    AppendNumber(out, v, pattern, p);
     return out;
 }
 
 namespace {
 std::string GeneralText(double v, Precision p, bool leadingZero) {
-    Decimal d = ToDecimal(v, static_cast<int>(p));
-    if (d.digits == "0") return "0";
+    const Decimal d = ToDecimal(v, static_cast<int>(p));
+    const std::string_view digits = d.view();
+    if (digits == "0") return "0";
     std::string s;
-    int n = static_cast<int>(d.digits.size());
+    if (v < 0) s += '-';
+    const int n = d.count;
     if (d.exp10 > static_cast<int>(p) || d.exp10 < -static_cast<int>(p) + 1) {
         // Far outside the ordinary range: scientific form.
-        s = d.digits.substr(0, 1);
-        if (n > 1) s += "." + d.digits.substr(1);
-        char e[16];
-        std::snprintf(e, sizeof e, "E%+03d", d.exp10 - 1);
-        s += e;
+        s += digits[0];
+        if (n > 1) {
+            s += '.';
+            s += digits.substr(1);
+        }
+        const int e = d.exp10 - 1;
+        s += e < 0 ? "E-" : "E+";
+        if (std::abs(e) < 10) s += '0';
+        s += std::to_string(std::abs(e));
     } else if (d.exp10 <= 0) {
-        s = (leadingZero ? "0." : ".") + std::string(static_cast<size_t>(-d.exp10), '0') + d.digits;
+        s += leadingZero ? "0." : ".";
+        s.append(static_cast<size_t>(-d.exp10), '0');
+        s += digits;
     } else if (d.exp10 >= n) {
-        s = d.digits + std::string(static_cast<size_t>(d.exp10 - n), '0');
+        s += digits;
+        s.append(static_cast<size_t>(d.exp10 - n), '0');
     } else {
-        s = d.digits.substr(0, d.exp10) + "." + d.digits.substr(d.exp10);
+        s += digits.substr(0, static_cast<size_t>(d.exp10));
+        s += '.';
+        s += digits.substr(static_cast<size_t>(d.exp10));
     }
-    return v < 0 ? "-" + s : s;
+    return s;
 }
 } // namespace
 

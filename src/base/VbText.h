@@ -20,6 +20,9 @@ enum class Precision { Double = 15, Single = 7 };
 // first '0' on. Fraction: as many digits as placeholders, trailing zeros kept
 // up to the last '0'. Rounds half away from zero on the decimal digits of v.
 std::string FormatNumber(double v, std::string_view pattern, Precision p = Precision::Double);
+// The same appended to `out`.
+void AppendNumber(std::string& out, double v, std::string_view pattern,
+                  Precision p = Precision::Double);
 inline std::string FormatSingle(float v, std::string_view pattern) {
     return FormatNumber(static_cast<double>(v), pattern, Precision::Single);
 }
