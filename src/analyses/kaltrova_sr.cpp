@@ -47,10 +47,6 @@ std::string DispositorSentence(const Chart& c, int body) {
            PlanetName[static_cast<size_t>(ModernRuler(s))] + ".";
 }
 
-void CareerRules::ReloadOrbs() {
-    (void)LoadCareerOrbs(appPath_, orbs_);
-}
-
 void CareerRules::Line(const std::string& sentence) {
     out_.Append("  " + sentence);
 }
@@ -74,14 +70,13 @@ void CareerRules::MCSignAndRuler() {
 void CareerRules::FocusAspects() {
     static const std::array<const char*, 6> verbs = {"",          " is conjunct ", " sextiles ",
                                                      " squares ", " trines ",      " opposes "};
-    ReloadOrbs();
     const int f = FocusPlanet;
     bool any = false;
     for (int k = 1; k <= 10; ++k) {
         if (k == f) continue;
         const int a = MajorAspect(
             Separation(c_.NatalLong[static_cast<size_t>(f)], c_.NatalLong[static_cast<size_t>(k)]),
-            orbs_.CareerOrbs);
+            orbs_);
         if (a == 0) continue;
         Line(PlanetName[static_cast<size_t>(f)] + verbs[static_cast<size_t>(a)] +
              PlanetName[static_cast<size_t>(k)] + ".");
@@ -115,8 +110,7 @@ void CareerRules::FinalDispositors() {
 }
 
 int CareerRules::CareerAspectCode(int a, int b) {
-    ReloadOrbs();
-    const OrbTable& o = orbs_.CareerOrbs;
+    const OrbTable& o = orbs_;
     const double sep =
         Separation(c_.NatalLong[static_cast<size_t>(a)], c_.NatalLong[static_cast<size_t>(b)]);
     if (static_cast<float>(sep) <= o[1]) return 1;
@@ -183,7 +177,7 @@ void CareerRules::DispositorLines() {
 Messages ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,
                            OrbTables& orbs, short& focusPlanet, OutputBuffer& out) {
     if (auto refused = LoadCareerOrbs(appPath, orbs)) return {*refused};
-    CareerRules r(chart, appPath, orbs, focusPlanet, out);
+    CareerRules r(chart, orbs.CareerOrbs, focusPlanet, out);
     out.AppendBlankLine();
     r.MCSignAndRuler();
     r.FocusAspects();

@@ -41,14 +41,14 @@ bool AtAriesPoint(double longitude);
 // "<body> is disposited by <ruler of its sign>." for body 1..10.
 std::string DispositorSentence(const Chart& c, int body);
 
-// The rule routines over one chart. The career orbs are read again from the
-// program directory by each routine that tests major aspects; when a re-read
-// fails the orbs loaded last stay in use.
+// The rule routines over one chart, with the career orbs as the listing
+// loaded them at its start (LoadCareerOrbs reads the file again whenever it
+// changed, so an edit takes effect at the next listing).
 class CareerRules {
   public:
-    CareerRules(const Chart& chart, const std::filesystem::path& appPath, OrbTables& orbs,
-                short& focusPlanet, OutputBuffer& out)
-        : FocusPlanet(focusPlanet), c_(chart), appPath_(appPath), orbs_(orbs), out_(out) {}
+    CareerRules(const Chart& chart, const OrbTable& careerOrbs, short& focusPlanet,
+                OutputBuffer& out)
+        : FocusPlanet(focusPlanet), c_(chart), orbs_(careerOrbs), out_(out) {}
 
     // The body 1..10 whose aspects FocusAspects lists next; kept between
     // listings by the caller.
@@ -105,7 +105,6 @@ class CareerRules {
     int CareerAspectCode(int a, int b);
 
   private:
-    void ReloadOrbs();
     void Line(const std::string& sentence);
     void Blank();
     // The MC and intercepted-sign rules: "<sign> is ... its ruler is X",
@@ -121,8 +120,7 @@ class CareerRules {
     void MinorAspectPairs(float angle, const std::string& verb);
 
     const Chart& c_;
-    const std::filesystem::path& appPath_;
-    OrbTables& orbs_;
+    const OrbTable& orbs_;
     OutputBuffer& out_;
 };
 

@@ -26,10 +26,9 @@ void CareerRules::InterceptedTenth() {
 void CareerRules::MCAspects() {
     static const std::array<const char*, 6> phrases = {
         "", "MC is conjunct ", "MC sextiles ", "MC squares ", "MC trines ", "MC opposes "};
-    ReloadOrbs();
     for (int k = 1; k <= 10; ++k) {
-        const int a = MajorAspect(Separation(c_.CuspTable[1], c_.NatalLong[static_cast<size_t>(k)]),
-                                  orbs_.CareerOrbs);
+        const int a =
+            MajorAspect(Separation(c_.CuspTable[1], c_.NatalLong[static_cast<size_t>(k)]), orbs_);
         if (a != 0)
             Line(phrases[static_cast<size_t>(a)] + PlanetName[static_cast<size_t>(k)] + ".");
     }
@@ -58,14 +57,13 @@ void CareerRules::Quindeciles() {
 }
 
 void CareerRules::PeregrinePlanets() {
-    ReloadOrbs();
     bool any = false;
     for (int p = 1; p <= 10; ++p) {
         bool aspected = false;
         for (int q = 1; q <= 10 && !aspected; ++q)
             aspected = q != p && MajorAspect(Separation(c_.NatalLong[static_cast<size_t>(p)],
                                                         c_.NatalLong[static_cast<size_t>(q)]),
-                                             orbs_.CareerOrbs) != 0;
+                                             orbs_) != 0;
         if (aspected) continue;
         Line(PlanetName[static_cast<size_t>(p)] + " is peregrine.");
         any = true;

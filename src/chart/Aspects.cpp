@@ -8,13 +8,23 @@
 
 namespace kal {
 
-void ReadOrbLines(const std::vector<std::string>& lines, OrbTable& table) {
-    int k = 0;
+std::vector<float> OrbLineValues(const std::vector<std::string>& lines) {
+    std::vector<float> orbs;
     for (const auto& line : lines) {
-        if (line.empty()) break;
-        if (++k > 16) break;
-        table[static_cast<size_t>(k)] = LeadingValue(line);
+        if (line.empty() || orbs.size() == 16) break;
+        orbs.push_back(LeadingValue(line));
     }
+    return orbs;
+}
+
+namespace {
+void ApplyOrbs(const std::vector<float>& orbs, OrbTable& table) {
+    for (size_t k = 0; k < orbs.size(); ++k) table[k + 1] = orbs[k];
+}
+} // namespace
+
+void ReadOrbLines(const std::vector<std::string>& lines, OrbTable& table) {
+    ApplyOrbs(OrbLineValues(lines), table);
 }
 
 bool LoadOrbFile(const std::filesystem::path& file, OrbTable& table) {
@@ -39,23 +49,77 @@ std::filesystem::path CareerOrbPath(const std::filesystem::path& appPath) {
     return FindFile(appPath, "Dravik_Natal_Orbs.ORB");
 }
 
+std::filesystem::path NatalOrbPath(const std::filesystem::path& appPath, const OrbTables& orbs) {
+    const OrbFileCache& c = orbs.natalFile;
+    if (c.file.empty() || c.folder.native() != appPath.native()) return NatalOrbPath(appPath);
+    return c.file;
+}
+
 namespace {
-std::optional<Message> LoadInto(const std::filesystem::path& file, OrbTable& table) {
-    if (!LoadOrbFile(file, table)) return OrbFileMissing(file);
+
+// Finds the file and stamps it: the name as given, the file found the last
+// time (another spelling of the name), or a search of the folder without
+// regard to case. Without a name the path is taken as it is.
+std::optional<FileStamp> Locate(const std::filesystem::path& folder, const char* name,
+                                OrbFileCache& cache) {
+    if (!name) {
+        if (cache.file.native() != folder.native())
+            cache = OrbFileCache{folder, folder, folder, {}, {}};
+        return StampFile(cache.file);
+    }
+    if (cache.folder.native() != folder.native()) {
+        cache = OrbFileCache{};
+        cache.folder = folder;
+        cache.exact = folder / name;
+    }
+    if (auto s = StampFile(cache.exact)) {
+        if (cache.file.native() != cache.exact.native()) cache.stamp.reset();
+        cache.file = cache.exact;
+        return s;
+    }
+    if (!cache.file.empty() && cache.file.native() != cache.exact.native())
+        if (auto s = StampFile(cache.file)) return s;
+    cache.stamp.reset();
+    cache.file = FindFile(folder, name);
+    return StampFile(cache.file);
+}
+
+// The orbs of a file into a table, read again only when the file may have
+// changed since the cache took them.
+std::optional<Message> LoadCached(const std::filesystem::path& folder, const char* name,
+                                  OrbFileCache& cache, OrbTable& table) {
+    auto now = Locate(folder, name, cache);
+    if (!now) {
+        cache.stamp.reset();
+        return OrbFileMissing(cache.file);
+    }
+    if (!cache.stamp || !Unchanged(*cache.stamp, *now)) {
+        // Stamped before reading: a write during the read shows as a change
+        // the next time.
+        auto lines = ReadLines(cache.file);
+        if (!lines) {
+            cache.stamp.reset();
+            return OrbFileMissing(cache.file);
+        }
+        cache.orbs = OrbLineValues(*lines);
+        cache.stamp = now;
+    }
+    ApplyOrbs(cache.orbs, table);
     return std::nullopt;
 }
+
 } // namespace
 
 std::optional<Message> LoadNatalOrbs(const std::filesystem::path& appPath, OrbTables& orbs) {
-    return LoadInto(NatalOrbPath(appPath), orbs.NatalOrbs);
+    return LoadCached(appPath, "NATAL.ORB", orbs.natalFile, orbs.NatalOrbs);
 }
 
 std::optional<Message> LoadCareerOrbs(const std::filesystem::path& appPath, OrbTables& orbs) {
-    return LoadInto(CareerOrbPath(appPath), orbs.CareerOrbs);
+    return LoadCached(appPath, "Dravik_Natal_Orbs.ORB", orbs.careerFile, orbs.CareerOrbs);
 }
 
 std::optional<Message> LoadWheelOrbs(const std::filesystem::path& orbFilePath, OrbTables& orbs) {
-    return LoadInto(orbFilePath, orbs.WheelOrbs);
+    return LoadCached(orbFilePath, nullptr, orbs.wheelFile, orbs.WheelOrbs);
 }
 
 double Separation(double a, double b) {

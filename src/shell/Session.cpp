@@ -62,7 +62,7 @@ CalcOutcome Session::FinishCalculation() {
     ListingTables tables = Tables();
     CalcOutcome outcome{true, CalculationPage(calc.chart, tables, listing.out)};
     BuildHeaderLines(calc.chart, regional.DateOrder, listing.HeaderLines, listing.HeaderLines2);
-    paths.OrbFilePath = NatalOrbPath(paths.AppPath);
+    paths.OrbFilePath = NatalOrbPath(paths.AppPath, listing.orbs);
     return outcome;
 }
 

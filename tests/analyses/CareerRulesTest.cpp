@@ -16,9 +16,11 @@ class CareerRules : public ::testing::Test {
   protected:
     void SetUp() override { dir.Write("Dravik_Natal_Orbs.ORB", kal::test::CareerOrbFile()); }
 
+    // A rule with the orbs loaded as the listing loads them.
     Listing Run(const kal::Chart& c, void (kal::CareerRules::*rule)()) {
         kal::OutputBuffer out;
-        kal::CareerRules rules(c, dir.path(), orbs, focus, out);
+        EXPECT_FALSE(kal::LoadCareerOrbs(dir.path(), orbs));
+        kal::CareerRules rules(c, orbs.CareerOrbs, focus, out);
         (rules.*rule)();
         return Lines(out);
     }
@@ -183,7 +185,8 @@ TEST_F(CareerRules, CareerAspectCodeOrderAndReloadedOrbs) {
     layout.lon = {0, 0, 72, 74, 165, 180, 150, 359, 60.0000001, 123, 0, 0};
     kal::OutputBuffer out;
     const auto c = layout.Build();
-    kal::CareerRules r(c, dir.path(), orbs, focus, out);
+    ASSERT_FALSE(kal::LoadCareerOrbs(dir.path(), orbs));
+    kal::CareerRules r(c, orbs.CareerOrbs, focus, out);
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Mercury), 13);
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Venus), 3);
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Mars), 16);
@@ -192,12 +195,14 @@ TEST_F(CareerRules, CareerAspectCodeOrderAndReloadedOrbs) {
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Uranus), 1); // 359 and 0 are 1 apart
     EXPECT_EQ(r.CareerAspectCode(kal::Neptune, kal::Sun), 2);
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Pluto), 4);
-    // The file is read again on every call.
+    // An edit is taken at the next load (the next listing).
     dir.Write("Dravik_Natal_Orbs.ORB", kal::test::CareerOrbFile("6.0", "6.0", "0.5"));
+    ASSERT_FALSE(kal::LoadCareerOrbs(dir.path(), orbs));
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Venus), 0);
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Mercury), 13);
     // A file that has gone keeps the orbs read last.
     std::filesystem::remove(dir.path() / "Dravik_Natal_Orbs.ORB");
+    EXPECT_TRUE(kal::LoadCareerOrbs(dir.path(), orbs));
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Mercury), 13);
 }
 

@@ -1,6 +1,9 @@
 // Orb files, the aspect search and the natal aspect listing.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
+
 #include "TestSupport.h"
 #include "base/TextFile.h"
 #include "chart/Aspects.h"
@@ -48,6 +51,81 @@ TEST(OrbFiles, ShippedFilesHoldSixteenOrbs) {
         EXPECT_LE(career[static_cast<size_t>(k)], natal[static_cast<size_t>(k)]) << k;
     }
     EXPECT_FALSE(LoadOrbFile("/nonexistent/NATAL.ORB", natal));
+}
+
+// The loaders keep what they read and read a file again only when its size
+// or modification time says it may have been written since.
+TEST(LiveOrbFiles, EditsTakeEffectAtTheNextLoad) {
+    kal::test::ScratchAppDir dir;
+    const auto file = dir.path() / "NATAL.ORB";
+    OrbTables orbs;
+    auto natal = [&](size_t k) {
+        EXPECT_FALSE(LoadNatalOrbs(dir.path(), orbs));
+        return orbs.NatalOrbs[k];
+    };
+    namespace fs = std::filesystem;
+
+    dir.Write("NATAL.ORB", "8.0\r\n6.0\r\n");
+    EXPECT_FLOAT_EQ(natal(1), 8);
+    dir.Write("NATAL.ORB", "7.25\r\n6.0\r\n");
+    EXPECT_FLOAT_EQ(natal(1), 7.25);
+
+    // The same size and the same modification time, as a second write within
+    // one tick of the filesystem's clock leaves them: a time that recent
+    // never vouches for the file.
+    dir.Write("NATAL.ORB", "5.0\r\n");
+    EXPECT_FLOAT_EQ(natal(1), 5);
+    const auto tick = fs::last_write_time(file);
+    dir.Write("NATAL.ORB", "4.0\r\n");
+    fs::last_write_time(file, tick);
+    EXPECT_FLOAT_EQ(natal(1), 4);
+
+    // A file whose time lies well in the past is not read again while its
+    // size and time stay: rewritten behind the loader's back with both kept,
+    // it still gives the orbs read before; a new time gives the new ones.
+    const auto past = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    dir.Write("NATAL.ORB", "3.0\r\n");
+    fs::last_write_time(file, past);
+    EXPECT_FLOAT_EQ(natal(1), 3);
+    dir.Write("NATAL.ORB", "2.0\r\n");
+    fs::last_write_time(file, past);
+    EXPECT_FLOAT_EQ(natal(1), 3);
+    fs::last_write_time(file, past + std::chrono::seconds(1));
+    EXPECT_FLOAT_EQ(natal(1), 2);
+
+    // Gone: refused, the table as it was.
+    fs::remove(file);
+    EXPECT_EQ(LoadNatalOrbs(dir.path(), orbs), OrbFileMissing(file));
+    EXPECT_FLOAT_EQ(orbs.NatalOrbs[1], 2);
+
+    // Found under another spelling, then the name as given wins again.
+    dir.Write("natal.orb", "1.0\r\n");
+    EXPECT_FLOAT_EQ(natal(1), 1);
+    EXPECT_EQ(NatalOrbPath(dir.path(), orbs), dir.path() / "natal.orb");
+    dir.Write("NATAL.ORB", "9.0\r\n");
+    EXPECT_FLOAT_EQ(natal(1), 9);
+    EXPECT_EQ(NatalOrbPath(dir.path(), orbs), file);
+}
+
+TEST(LiveOrbFiles, EachFileAndFolderKeptApart) {
+    kal::test::ScratchAppDir a, b;
+    a.Write("NATAL.ORB", "1.0\r\n");
+    a.Write("Dravik_Natal_Orbs.ORB", "2.0\r\n");
+    b.Write("NATAL.ORB", "3.0\r\n");
+    b.Write("OTHER.ORB", "4.0\r\n5.0\r\n");
+    OrbTables orbs;
+    EXPECT_FALSE(LoadNatalOrbs(a.path(), orbs));
+    EXPECT_FALSE(LoadCareerOrbs(a.path(), orbs));
+    EXPECT_FALSE(LoadWheelOrbs(b.path() / "OTHER.ORB", orbs));
+    EXPECT_FLOAT_EQ(orbs.NatalOrbs[1], 1);
+    EXPECT_FLOAT_EQ(orbs.CareerOrbs[1], 2);
+    EXPECT_FLOAT_EQ(orbs.WheelOrbs[2], 5);
+    // Another program directory, another wheel orb file.
+    EXPECT_FALSE(LoadNatalOrbs(b.path(), orbs));
+    EXPECT_FALSE(LoadWheelOrbs(b.path() / "NATAL.ORB", orbs));
+    EXPECT_FLOAT_EQ(orbs.NatalOrbs[1], 3);
+    EXPECT_FLOAT_EQ(orbs.WheelOrbs[1], 3);
+    EXPECT_FLOAT_EQ(orbs.WheelOrbs[2], 5); // a one-line file leaves the rest
 }
 
 TEST(AspectSearch, BoundsAreInclusiveInSinglePrecision) {

@@ -78,6 +78,12 @@ class CalculationPage : public ::testing::Test {
     Session s;
 };
 
+std::string Repeat(const std::string& s, int n) {
+    std::string r;
+    while (n-- > 0) r += s;
+    return r;
+}
+
 // Index of the first line equal to `line` at or after `from`.
 size_t Find(const Lines& lines, const std::string& line, size_t from = 0) {
     for (size_t i = from; i < lines.size(); ++i)
@@ -151,6 +157,37 @@ TEST_F(CalculationPage, NatalDataAndAspectsBringTheWorkingCopyBack) {
     s.calc.chart.CuspTable.fill(3);
     EXPECT_EQ(Command(&Session::CmdCareerFactors), Messages{});
     EXPECT_EQ(s.calc.chart.CuspTable[1], 3);
+}
+
+// Orb files edited between commands: every orb made 0, the file rewritten
+// with the same length and given back its modification time, as a quick
+// edit within one tick of the filesystem's clock leaves it.
+TEST_F(CalculationPage, OrbFileEditsTakeEffectAtTheNextCommand) {
+    namespace fs = std::filesystem;
+    auto rewrite = [&](const char* name, std::string text) {
+        const auto time = fs::last_write_time(dir.path() / name);
+        for (char& c : text)
+            if (c >= '1' && c <= '9') c = '0';
+        dir.Write(name, text);
+        fs::last_write_time(dir.path() / name, time);
+    };
+    Calculate(kExample);
+    const Lines page = s.listing.out.PageLines;
+    const std::string sextile = "  Venus sextiles Mercury.";
+    ASSERT_NE(Find(page, sextile), page.size());
+
+    rewrite("Dravik_Natal_Orbs.ORB", kCareerOrbs);
+    EXPECT_EQ(Command(&Session::CmdCareerFactors), Messages{});
+    EXPECT_EQ(Find(s.listing.out.PageLines, sextile), s.listing.out.PageLines.size());
+
+    // The Sun and the Midheaven, 2 degrees apart, are no longer conjunct.
+    EXPECT_EQ(Command(&Session::CmdNatalAspects), Messages{});
+    const Lines before = s.listing.out.PageLines;
+    rewrite("NATAL.ORB", kNatalOrbs);
+    EXPECT_EQ(Command(&Session::CmdNatalAspects), Messages{});
+    EXPECT_NE(s.listing.out.PageLines, before);
+    EXPECT_EQ(before[7].substr(0, 12), "  Sun    0  ");
+    EXPECT_EQ(s.listing.out.PageLines[7], "  Sun  " + Repeat("---  ", 12));
 }
 
 TEST_F(CalculationPage, MissingCareerOrbFile) {
