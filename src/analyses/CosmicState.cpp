@@ -32,13 +32,14 @@ double MeanMotion(int body) {
 
 // Three blanks before a value below 10, two below 100, one below 1000;
 // negative values two blanks above -10, one above -100.
-std::string StrengthField(double v) {
+void AppendStrengthField(std::string& out, double v) {
     int pad;
     if (v >= 0)
         pad = v < 10 ? 3 : v < 100 ? 2 : v < 1000 ? 1 : 0;
     else
         pad = v > -10 ? 2 : v > -100 ? 1 : 0;
-    return std::string(static_cast<size_t>(pad), ' ') + FormatNumber(v, "##0");
+    out.append(static_cast<size_t>(pad), ' ');
+    AppendNumber(out, v, "##0");
 }
 
 // One row of the table and the points it gives.
@@ -48,7 +49,8 @@ class RowBuilder {
     // A ruler entry: the ruler's 9-character name and a blank; the column's
     // points when the planet rules its own position.
     void Ruler(int body, int points) {
-        line += PlanetName9[static_cast<size_t>(body)] + " ";
+        line += PlanetName9[static_cast<size_t>(body)];
+        line += ' ';
         if (body == planet_) {
             s_.HasDignity[static_cast<size_t>(planet_)] = 1;
             s_.Strength[static_cast<size_t>(planet_)] += points;
@@ -75,12 +77,12 @@ std::string SpeedClass(int body, double speed) {
 CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuffer& out) {
     CosmicStateScores s;
     std::vector<std::string> lines;
+    lines.reserve(17);
     out.AppendBlankLine();
 
-    const std::string b4(4, ' '), b5(5, ' '), b6(6, ' ');
-    lines.push_back("  Planet" + b4 + "Sign" + b6 + "Exlt." + b5 + "Trip." + b5 + "Term" + b6 +
-                    "Face" + b6 + "Speed" + b6 + "Rate" + "   " + "Strength");
-    lines.push_back(
+    lines.emplace_back(
+        "  Planet    Sign      Exlt.     Trip.     Term      Face      Speed      Rate   Strength");
+    lines.emplace_back(
         "  ------    ----      -----     -----     ----      ----      -----      ----   --------");
 
     const bool dayChart = c.HouseNumberOf(Sun) > 6;
@@ -92,7 +94,10 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
         const double lon = L(p);
         const int sg = sign(p);
         RowBuilder row(s, p);
-        row.line = "  " + PlanetName9[static_cast<size_t>(p)] + " ";
+        row.line.reserve(100);
+        row.line += "  ";
+        row.line += PlanetName9[static_cast<size_t>(p)];
+        row.line += ' ';
         row.Ruler(DomicileRuler(sg), 5);
         if (int ex = ExaltationRuler(sg))
             row.Ruler(ex, 4);
@@ -105,10 +110,15 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
         const double speed = c.NatalSpeed[static_cast<size_t>(p)];
         const std::string cls = SpeedClass(p, speed);
         const char retro = c.NatalRetro.at(static_cast<size_t>(p - 1));
-        row.line += cls + " " + retro + (p == Moon ? "   " : "    ");
+        row.line += cls;
+        row.line += ' ';
+        row.line += retro;
+        row.line += p == Moon ? "   " : "    ";
         const double whole = std::floor(speed);
-        row.line += StrText(whole) + "d " +
-                    FormatNumber(std::floor((speed - whole) * 60 + 0.5), "00") + "m";
+        row.line += StrText(whole);
+        row.line += "d ";
+        AppendNumber(row.line, std::floor((speed - whole) * 60 + 0.5), "00");
+        row.line += 'm';
 
         if (retro == 'R') {
             add(p, opt[7]);
@@ -128,37 +138,40 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
         else if (p == Moon)
             add(p, oriental ? opt[11] : opt[10]);
 
-        lines.push_back(row.line);
+        lines.push_back(std::move(row.line));
     }
     lines.emplace_back();
 
     std::string peregrine = "  Peregrine - ";
     for (int p : kByNumber)
         if (s.HasDignity[static_cast<size_t>(p)] == 0) {
-            peregrine += PlanetName[static_cast<size_t>(p)] + " ";
+            peregrine += PlanetName[static_cast<size_t>(p)];
+            peregrine += ' ';
             add(p, opt[5]);
         }
-    lines.push_back(peregrine);
+    lines.push_back(std::move(peregrine));
 
     std::string detriment = "  Detriment - ";
     for (int p : kPlanets)
         if (InDetriment(p, L(p))) {
-            detriment += PlanetName[static_cast<size_t>(p)] + " ";
+            detriment += PlanetName[static_cast<size_t>(p)];
+            detriment += ' ';
             add(p, -5);
         }
-    lines.push_back(detriment);
+    lines.push_back(std::move(detriment));
 
     std::string fall = "  Fall - ";
     for (int p : kPlanets)
         if (InFall(p, L(p))) {
-            fall += PlanetName[static_cast<size_t>(p)] + " ";
+            fall += PlanetName[static_cast<size_t>(p)];
+            fall += ' ';
             add(p, -4);
         }
-    lines.push_back(fall);
+    lines.push_back(std::move(fall));
 
     // The four reception passes. `ruler` gives R for p (0 for none),
     // `receives` whether R's sign t counts for p.
-    auto pass = [&](const std::string& heading, bool allTen, bool lowerFirst, double points,
+    auto pass = [&](std::string_view heading, bool allTen, bool lowerFirst, double points,
                     auto ruler, auto receives) {
         std::string line;
         for (int p = 1; p <= 10; ++p) {
@@ -167,13 +180,15 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
             if (r == 0) continue;
             if (lowerFirst && r <= p) continue;
             if (!receives(p, sign(r))) continue;
-            if (line.empty()) line = "  " + heading;
-            line += PlanetName[static_cast<size_t>(p)] + "-" + PlanetName[static_cast<size_t>(r)] +
-                    "   ";
+            if (line.empty()) (line += "  ") += heading;
+            line += PlanetName[static_cast<size_t>(p)];
+            line += '-';
+            line += PlanetName[static_cast<size_t>(r)];
+            line += "   ";
             add(p, points);
             add(r, points);
         }
-        if (!line.empty()) lines.push_back(line);
+        if (!line.empty()) lines.push_back(std::move(line));
     };
     auto domicile = [&](int p) { return DomicileRuler(sign(p)); };
     auto exaltation = [&](int p) { return ExaltationRuler(sign(p)); };
@@ -188,10 +203,12 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
     pass("Mixed Reception (sign/exaltation) - ", false, false, 0, exaltation, inDomicile);
 
     for (size_t i = 0; i < lines.size(); ++i) {
-        std::string line = lines[i];
-        if (i >= 2 && i <= 8)
-            line += "   " + StrengthField(s.Strength[static_cast<size_t>(kPlanets[i - 2])]);
-        out.Append(line);
+        std::string& line = lines[i];
+        if (i >= 2 && i <= 8) {
+            line += "   ";
+            AppendStrengthField(line, s.Strength[static_cast<size_t>(kPlanets[i - 2])]);
+        }
+        out.Append(std::move(line));
     }
     return s;
 }

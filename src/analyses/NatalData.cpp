@@ -1,5 +1,6 @@
 #include "analyses/NatalData.h"
 
+#include <cctype>
 #include <cmath>
 
 #include "base/Dates.h"
@@ -34,23 +35,43 @@ Position BodyPosition(double L) {
     return p;
 }
 
+namespace {
+// deg, sign abbreviation and minutes: "05 Ari 23".
+void AppendDegSignMin(std::string& out, const Position& p) {
+    AppendNumber(out, p.deg, "00");
+    out += ' ';
+    out += SignAbbrOf(p.sign);
+    out += ' ';
+    AppendNumber(out, p.min, "00");
+}
+
+void AppendBodyText(std::string& out, double L) {
+    const Position p = BodyPosition(L);
+    AppendDegSignMin(out, p);
+    out += "m ";
+    AppendNumber(out, p.sec, "00");
+    out += 's';
+}
+} // namespace
+
 std::string CuspText(double L) {
-    Position p = CuspPosition(L);
-    return FormatNumber(p.deg, "00") + " " + std::string(SignAbbrOf(p.sign)) + " " +
-           FormatNumber(p.min, "00");
+    std::string s;
+    AppendDegSignMin(s, CuspPosition(L));
+    return s;
 }
 
 std::string BodyText(double L) {
-    Position p = BodyPosition(L);
-    return FormatNumber(p.deg, "00") + " " + std::string(SignAbbrOf(p.sign)) + " " +
-           FormatNumber(p.min, "00") + "m " + FormatNumber(p.sec, "00") + "s";
+    std::string s;
+    AppendBodyText(s, L);
+    return s;
 }
 
 std::string FmtCoord(double v, const std::string& direction) {
     std::string s = FormatNumber(std::fabs(v), "##0.00", Precision::Single);
     size_t at = s.find('.');
     if (at == std::string::npos) at = s.find(',');
-    if (at != std::string::npos && !direction.empty()) s[at] = Lower(direction.substr(0, 1))[0];
+    if (at != std::string::npos && !direction.empty())
+        s[at] = static_cast<char>(std::tolower(static_cast<unsigned char>(direction[0])));
     return s;
 }
 
@@ -61,16 +82,36 @@ std::string ChartDateText(const Chart& c, int dateOrder) {
     return FormatDateDMY({c.ChartDay, c.ChartMonth, c.ChartYear});
 }
 
+namespace {
+void AppendChartData(std::string& line, const Chart& c, int dateOrder) {
+    line += ChartDateText(c, dateOrder);
+    line += "    TZ = ";
+    AppendNumber(line, c.ChartTZ, "##0.0", Precision::Single);
+    line += "      ";
+    AppendNumber(line, c.ChartTime, "#0.00", Precision::Single);
+    line += ' ';
+    line += c.ChartAMPM;
+    line += "   ";
+    line += FmtCoord(c.ChartLong, c.ChartEW);
+    line += "    ";
+    line += FmtCoord(c.ChartLat, c.ChartNS);
+}
+} // namespace
+
 std::string ChartDataLine(const Chart& c, int dateOrder) {
-    return ChartDateText(c, dateOrder) + "    TZ = " + FormatSingle(c.ChartTZ, "##0.0") + "      " +
-           FormatSingle(c.ChartTime, "#0.00") + " " + c.ChartAMPM + "   " +
-           FmtCoord(c.ChartLong, c.ChartEW) + "    " + FmtCoord(c.ChartLat, c.ChartNS);
+    std::string line;
+    AppendChartData(line, c, dateOrder);
+    return line;
 }
 
 void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out) {
     out.AppendBlankLine();
     out.Append("  " + c.ChartName);
-    out.Append("  " + ChartDataLine(c, dateOrder));
+    std::string line;
+    line.reserve(80);
+    line += "  ";
+    AppendChartData(line, c, dateOrder);
+    out.Append(std::move(line));
 }
 
 void ListCusps(const Chart& c, OutputBuffer& out) {
@@ -78,20 +119,30 @@ void ListCusps(const Chart& c, OutputBuffer& out) {
     out.Append("  HOUSE CUSPS - " + HouseSystemName(c.HouseSystem));
     std::string line;
     for (int k = 1; k <= 12; ++k) {
+        if (line.empty()) line.reserve(80);
         line += (k % 3 == 1) ? "  " : " ";
-        line += std::string(HouseLabel(k)) +
-                " house = " + CuspText(c.NatalCusp[static_cast<size_t>(k)]);
+        line += HouseLabel(k);
+        line += " house = ";
+        AppendDegSignMin(line, CuspPosition(c.NatalCusp[static_cast<size_t>(k)]));
         if (k % 3 == 0) {
-            out.Append(line);
-            line.clear();
+            out.Append(std::move(line));
+            line = std::string();
         }
     }
 }
 
 std::string BodyLine(const Chart& c, int j) {
-    return "  " + BodyText(c.NatalLong[static_cast<size_t>(j)]) + "   " +
-           std::string(PlanetNamesField(j)) + c.NatalRetro.at(static_cast<size_t>(j - 1)) +
-           "    (" + c.PlanetHouse.substr(static_cast<size_t>(10 * j - 10), 10) + ")    ";
+    std::string line;
+    line.reserve(64);
+    line += "  ";
+    AppendBodyText(line, c.NatalLong[static_cast<size_t>(j)]);
+    line += "   ";
+    line += PlanetNamesField(j);
+    line += c.NatalRetro.at(static_cast<size_t>(j - 1));
+    line += "    (";
+    line += std::string_view(c.PlanetHouse).substr(static_cast<size_t>(10 * j - 10), 10);
+    line += ")    ";
+    return line;
 }
 
 void ListBodies(const Chart& c, OutputBuffer& out) {

@@ -41,24 +41,13 @@ bool AtAriesPoint(double L) {
            (L >= 268.5 && L < 271.5) || L >= 358.5;
 }
 
-std::string DispositorSentence(const Chart& c, int body) {
-    const int s = SignOf(c.NatalLong[static_cast<size_t>(body)]);
-    return PlanetName[static_cast<size_t>(body)] + " is disposited by " +
-           PlanetName[static_cast<size_t>(ModernRuler(s))] + ".";
-}
-
-void CareerRules::Line(const std::string& sentence) {
-    out_.Append("  " + sentence);
-}
-
 void CareerRules::Blank() {
     out_.AppendBlankLine();
 }
 
-void CareerRules::RulerLines(int sign, const std::string& phrase) {
+void CareerRules::RulerLines(int sign, std::string_view phrase) {
     FocusPlanet = static_cast<short>(ModernRuler(sign));
-    Line(SignName[static_cast<size_t>(sign)] + phrase +
-         PlanetName[static_cast<size_t>(FocusPlanet)]);
+    Line(SignName[static_cast<size_t>(sign)], phrase, PlanetName[static_cast<size_t>(FocusPlanet)]);
     if (IndicatesSeveralCareers(sign)) Line("(possibly more than 1 kaltrova indicated)");
     Blank();
 }
@@ -78,8 +67,8 @@ void CareerRules::FocusAspects() {
             Separation(c_.NatalLong[static_cast<size_t>(f)], c_.NatalLong[static_cast<size_t>(k)]),
             orbs_);
         if (a == 0) continue;
-        Line(PlanetName[static_cast<size_t>(f)] + verbs[static_cast<size_t>(a)] +
-             PlanetName[static_cast<size_t>(k)] + ".");
+        Line(PlanetName[static_cast<size_t>(f)], verbs[static_cast<size_t>(a)],
+             PlanetName[static_cast<size_t>(k)], ".");
         any = true;
     }
     if (any) Blank();
@@ -90,7 +79,7 @@ void CareerRules::PlanetsConjunctMC() {
         const float d =
             static_cast<float>(Separation(c_.NatalLong[static_cast<size_t>(k)], c_.CuspTable[1]));
         if (d > 5.0f) continue;
-        Line(PlanetName[static_cast<size_t>(k)] + " is prominent because it is conjunct the MC.");
+        Line(PlanetName[static_cast<size_t>(k)], " is prominent because it is conjunct the MC.");
         Blank();
         FocusPlanet = static_cast<short>(k);
         FocusAspects();
@@ -132,8 +121,8 @@ void CareerRules::MutualReceptions() {
         const std::string clause =
             n < 1 ? " - no aspect between them."
                   : " - these planets are in aspect (" + std::to_string(n) + ").";
-        Line(PlanetName[static_cast<size_t>(i)] + " is in mutual reception with " +
-             PlanetName[static_cast<size_t>(r)] + clause);
+        Line(PlanetName[static_cast<size_t>(i)], " is in mutual reception with ",
+             PlanetName[static_cast<size_t>(r)], clause);
         any = true;
     }
     if (any) Blank();
@@ -151,7 +140,7 @@ void CareerRules::OrientalPlanet() {
     list[11] = list[1];
     size_t p = 1;
     while (p <= 10 && list[p].second != Sun) ++p;
-    Line(PlanetName[static_cast<size_t>(list[p + 1].second)] + " is the oriental planet.");
+    Line(PlanetName[static_cast<size_t>(list[p + 1].second)], " is the oriental planet.");
     Blank();
 }
 
@@ -164,14 +153,18 @@ void CareerRules::Stelliums() {
     bool any = false;
     for (int h = 1; h <= 12; ++h) {
         if (count[static_cast<size_t>(h)] < 4) continue;
-        Line("House " + std::to_string(h) + " contains a stellium of planets.");
+        Line("House ", std::to_string(h), " contains a stellium of planets.");
         any = true;
     }
     if (any) Blank();
 }
 
 void CareerRules::DispositorLines() {
-    for (int k = 1; k <= 10; ++k) Line(DispositorSentence(c_, k));
+    for (int k = 1; k <= 10; ++k)
+        Line(PlanetName[static_cast<size_t>(k)], " is disposited by ",
+             PlanetName[static_cast<size_t>(
+                 ModernRuler(SignOf(c_.NatalLong[static_cast<size_t>(k)])))],
+             ".");
 }
 
 Messages ListCareerFactors(const Chart& chart, const std::filesystem::path& appPath,

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/Message.h"
 #include "base/OutputBuffer.h"
@@ -37,9 +38,6 @@ bool MidpointConfigured(double sep);
 // Within 1.5 degrees of 0, 90, 180 or 270 (closed about 0 degrees, closed
 // below and open above at the other three).
 bool AtAriesPoint(double longitude);
-
-// "<body> is disposited by <ruler of its sign>." for body 1..10.
-std::string DispositorSentence(const Chart& c, int body);
 
 // The rule routines over one chart, with the career orbs as the listing
 // loaded them at its start (LoadCareerOrbs reads the file again whenever it
@@ -91,7 +89,7 @@ class CareerRules {
     // midpoints.
     void SunMoonMidpointRule();
     void JupPlutoMidpointRule();
-    // The dispositor of each natal position.
+    // "<body> is disposited by <ruler of its sign>." for each natal position.
     void DispositorLines();
     // Midpoints of natal pairs configured with the Aries Point.
     void APMidpoints();
@@ -105,19 +103,26 @@ class CareerRules {
     int CareerAspectCode(int a, int b);
 
   private:
-    void Line(const std::string& sentence);
+    // One factor line: two blanks and the sentence made of `parts`.
+    template <class... Parts> void Line(const Parts&... parts) {
+        std::string line;
+        line.reserve((size_t{2} + ... + std::string_view(parts).size()));
+        line += "  ";
+        (line.append(std::string_view(parts)), ...);
+        out_.Append(std::move(line));
+    }
     void Blank();
     // The MC and intercepted-sign rules: "<sign> is ... its ruler is X",
     // the note for several careers, the blank line.
-    void RulerLines(int sign, const std::string& phrase);
+    void RulerLines(int sign, std::string_view phrase);
     // Bodies 1..12 less two, configured with a chart midpoint.
-    void MidpointBodies(double midpoint, int leftOutA, int leftOutB, const std::string& phrase);
+    void MidpointBodies(double midpoint, int leftOutA, int leftOutB, std::string_view phrase);
     // Pairs of bodies whose midpoint is configured with a target.
     template <class Target>
-    void MidpointPairs(int lastFirst, int lastSecond, int skip, const std::string& prefix,
+    void MidpointPairs(int lastFirst, int lastSecond, int skip, std::string_view prefix,
                        Target separation);
     // A pair of bodies within 2.5 degrees of an angle.
-    void MinorAspectPairs(float angle, const std::string& verb);
+    void MinorAspectPairs(float angle, std::string_view verb);
 
     const Chart& c_;
     const OrbTable& orbs_;

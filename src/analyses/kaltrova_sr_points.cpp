@@ -29,20 +29,19 @@ void CareerRules::MCAspects() {
     for (int k = 1; k <= 10; ++k) {
         const int a =
             MajorAspect(Separation(c_.CuspTable[1], c_.NatalLong[static_cast<size_t>(k)]), orbs_);
-        if (a != 0)
-            Line(phrases[static_cast<size_t>(a)] + PlanetName[static_cast<size_t>(k)] + ".");
+        if (a != 0) Line(phrases[static_cast<size_t>(a)], PlanetName[static_cast<size_t>(k)], ".");
     }
     Blank();
 }
 
-void CareerRules::MinorAspectPairs(float angle, const std::string& verb) {
+void CareerRules::MinorAspectPairs(float angle, std::string_view verb) {
     bool any = false;
     for (int i = 1; i <= NumBodies - 1; ++i)
         for (int j = i + 1; j <= NumBodies; ++j) {
             const double d = Separation(c_.NatalLong[static_cast<size_t>(i)],
                                         c_.NatalLong[static_cast<size_t>(j)]);
             if (!WithinOrb(d, angle, 2.5f)) continue;
-            Line(PlanetName[static_cast<size_t>(i)] + verb + PlanetName[static_cast<size_t>(j)]);
+            Line(PlanetName[static_cast<size_t>(i)], verb, PlanetName[static_cast<size_t>(j)]);
             any = true;
         }
     if (any) Blank();
@@ -65,16 +64,16 @@ void CareerRules::PeregrinePlanets() {
                                                         c_.NatalLong[static_cast<size_t>(q)]),
                                              orbs_) != 0;
         if (aspected) continue;
-        Line(PlanetName[static_cast<size_t>(p)] + " is peregrine.");
+        Line(PlanetName[static_cast<size_t>(p)], " is peregrine.");
         any = true;
     }
     if (any) Blank();
 }
 
 void CareerRules::MoonHouseAndSign() {
-    const std::string house = Trim(c_.PlanetHouse.substr(90, 10));
-    Line("The Moon is in the " + house + " - and in the sign (reigning need) of " +
-         SignName[static_cast<size_t>(SignOf(c_.NatalLong[Moon]))] + ".");
+    const std::string house = Trim(std::string_view(c_.PlanetHouse).substr(90, 10));
+    Line("The Moon is in the ", house, " - and in the sign (reigning need) of ",
+         SignName[static_cast<size_t>(SignOf(c_.NatalLong[Moon]))], ".");
     Blank();
 }
 
@@ -82,20 +81,20 @@ void CareerRules::AriesPointBodies() {
     bool any = false;
     for (int k = 1; k <= NumBodies; ++k) {
         if (!AtAriesPoint(c_.NatalLong[static_cast<size_t>(k)])) continue;
-        Line(PlanetName[static_cast<size_t>(k)] + " is at the Aries Point.");
+        Line(PlanetName[static_cast<size_t>(k)], " is at the Aries Point.");
         any = true;
     }
     if (any) Blank();
 }
 
 void CareerRules::MidpointBodies(double midpoint, int leftOutA, int leftOutB,
-                                 const std::string& phrase) {
+                                 std::string_view phrase) {
     bool any = false;
     for (int k = 1; k <= 12; ++k) {
         if (k == leftOutA || k == leftOutB) continue;
         if (!MidpointConfigured(Separation(c_.NatalLong[static_cast<size_t>(k)], midpoint)))
             continue;
-        Line(PlanetName[static_cast<size_t>(k)] + phrase);
+        Line(PlanetName[static_cast<size_t>(k)], phrase);
         any = true;
     }
     if (any) Blank();
@@ -111,7 +110,7 @@ void CareerRules::JupPlutoMidpointRule() {
 }
 
 template <class Target>
-void CareerRules::MidpointPairs(int lastFirst, int lastSecond, int skip, const std::string& prefix,
+void CareerRules::MidpointPairs(int lastFirst, int lastSecond, int skip, std::string_view prefix,
                                 Target separation) {
     for (int i = 1; i <= lastFirst; ++i) {
         if (i == skip) continue;
@@ -120,8 +119,8 @@ void CareerRules::MidpointPairs(int lastFirst, int lastSecond, int skip, const s
             const double m = Midpoint(c_.NatalLong[static_cast<size_t>(i)],
                                       c_.NatalLong[static_cast<size_t>(j)]);
             if (!MidpointConfigured(separation(m))) continue;
-            Line(prefix + PlanetName[static_cast<size_t>(i)] + "/" +
-                 PlanetName[static_cast<size_t>(j)] + " midpoint.");
+            Line(prefix, PlanetName[static_cast<size_t>(i)], "/",
+                 PlanetName[static_cast<size_t>(j)], " midpoint.");
         }
     }
     Blank();

@@ -2,8 +2,8 @@
 
 #include <array>
 #include <cctype>
+#include <charconv>
 #include <cstdlib>
-#include <vector>
 
 #include "base/VbText.h"
 
@@ -39,33 +39,50 @@ std::string_view MonthAbbr(int month) {
 }
 
 std::string FormatDateDMY(const CivilDate& d) {
-    std::string y = std::to_string(std::abs(d.year));
-    if (y.size() < 4) y.insert(0, 4 - y.size(), '0');
-    if (d.year < 0) y.insert(0, "-");
-    return FormatNumber(d.day, "00") + " " + std::string(MonthAbbr(d.month)) + " " + y;
+    std::string s;
+    s.reserve(12);
+    AppendNumber(s, d.day, "00");
+    s += ' ';
+    s += MonthAbbr(d.month);
+    s += ' ';
+    if (d.year < 0) s += '-';
+    const std::string y = std::to_string(std::abs(d.year));
+    if (y.size() < 4) s.append(4 - y.size(), '0');
+    return s += y;
 }
 
 std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder) {
     // Tokens: words and numbers; "-" before a number at the start of a token
     // is a separator except for the year written alone with a sign.
-    std::vector<std::string> tok;
-    std::string cur;
-    for (char c : text) {
-        if (c == ' ' || c == '/' || c == ',' || c == '-' || c == '.' || c == '\t') {
-            if (!cur.empty()) tok.push_back(cur);
-            cur.clear();
-        } else {
-            cur += c;
+    std::array<std::string_view, 3> tok;
+    size_t count = 0;
+    for (size_t i = 0; i < text.size();) {
+        auto separator = [](char c) {
+            return c == ' ' || c == '/' || c == ',' || c == '-' || c == '.' || c == '\t';
+        };
+        if (separator(text[i])) {
+            ++i;
+            continue;
         }
+        size_t end = i;
+        while (end < text.size() && !separator(text[end])) ++end;
+        if (count == tok.size()) return std::nullopt;
+        tok[count++] = text.substr(i, end - i);
+        i = end;
     }
-    if (!cur.empty()) tok.push_back(cur);
-    if (tok.size() != 3) return std::nullopt;
+    if (count != 3) return std::nullopt;
 
-    auto isNum = [](const std::string& s) {
+    auto isNum = [](std::string_view s) {
         if (s.empty() || s.size() > 6) return false;
         for (char c : s)
             if (!std::isdigit(static_cast<unsigned char>(c))) return false;
         return true;
+    };
+    // The value of a token of at most six digits.
+    auto number = [](std::string_view s) {
+        int v = 0;
+        std::from_chars(s.data(), s.data() + s.size(), v);
+        return v;
     };
     CivilDate d;
     int wordAt = -1;
@@ -77,17 +94,16 @@ std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder) {
     if (wordAt >= 0) {
         d.month = MonthFromName(tok[static_cast<size_t>(wordAt)]);
         if (d.month == 0) return std::nullopt;
-        std::vector<std::string> nums;
-        for (int i = 0; i < 3; ++i)
-            if (i != wordAt) nums.push_back(tok[static_cast<size_t>(i)]);
+        std::array<std::string_view, 2> nums;
+        for (size_t i = 0, n = 0; i < 3; ++i)
+            if (static_cast<int>(i) != wordAt) nums[n++] = tok[i];
         // The year is the number written with more than two digits or above
         // 31; otherwise the first number is the day.
-        bool firstIsYear = nums[0].size() > 2 || std::atoi(nums[0].c_str()) > 31;
-        d.year = std::atoi((firstIsYear ? nums[0] : nums[1]).c_str());
-        d.day = std::atoi((firstIsYear ? nums[1] : nums[0]).c_str());
+        bool firstIsYear = nums[0].size() > 2 || number(nums[0]) > 31;
+        d.year = number(firstIsYear ? nums[0] : nums[1]);
+        d.day = number(firstIsYear ? nums[1] : nums[0]);
     } else {
-        int a = std::atoi(tok[0].c_str()), b = std::atoi(tok[1].c_str()),
-            c = std::atoi(tok[2].c_str());
+        int a = number(tok[0]), b = number(tok[1]), c = number(tok[2]);
         switch (dateOrder) {
         case 1:
             d = {a, b, c};

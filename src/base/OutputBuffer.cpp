@@ -1,5 +1,7 @@
 #include "base/OutputBuffer.h"
 
+#include <algorithm>
+#include <string_view>
 #include <system_error>
 
 #include "base/TextFile.h"
@@ -19,8 +21,10 @@ void OutputBuffer::AppendBlankLine() {
 }
 
 void OutputBuffer::Append(std::string line) {
-    OutLine = std::move(line);
-    AppendOutLine();
+    AllLines.back() = line;
+    AllLines.emplace_back();
+    PageLines.back() = std::move(line);
+    PageLines.emplace_back();
 }
 
 void OutputBuffer::ClearDataPage() {
@@ -36,16 +40,22 @@ std::filesystem::path LastPagePath(const std::filesystem::path& appPath) {
 }
 
 std::string PageText(const OutputBuffer& out, const std::string& eol) {
+    size_t size = 0;
+    for (const auto& l : out.PageLines) size += l.size() + eol.size();
     std::string text;
-    for (const auto& l : out.PageLines) {
+    text.reserve(size + size / 8);
+    for (const std::string& l : out.PageLines) {
         // A line may carry its own CR LF breaks; they take the same line end.
-        for (char c : l) {
-            if (c == '\r') continue;
-            if (c == '\n')
-                text += eol;
-            else
-                text += c;
+        // The text between breaks is copied a piece at a time.
+        std::string_view rest = l;
+        for (;;) {
+            const size_t at = std::min(rest.find('\r'), rest.find('\n'));
+            if (at == std::string_view::npos) break;
+            text.append(rest.substr(0, at));
+            if (rest[at] == '\n') text += eol;
+            rest.remove_prefix(at + 1);
         }
+        text.append(rest);
         text += eol;
     }
     return text;
@@ -55,9 +65,13 @@ bool ShowDataPage(OutputBuffer& out, const std::filesystem::path& appPath, bool 
     if (minimised) return false;
     if (out.AllCount() == 0) return false;
     out.AppendBlankLine();
+    const std::string text = PageText(out, "\r\n");
+    if (WriteFileBytes(LastPagePath(appPath), text)) return true;
+    // The program folders are made at start; one removed since is made
+    // again.
     std::error_code ec;
     std::filesystem::create_directories(FindFile(appPath, "reports"), ec);
-    return WriteFileBytes(LastPagePath(appPath), PageText(out, "\r\n"));
+    return WriteFileBytes(LastPagePath(appPath), text);
 }
 
 } // namespace kal

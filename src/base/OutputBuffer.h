@@ -21,7 +21,8 @@ struct OutputBuffer {
     void AppendOutLine();
     // Appends an empty line to both lists.
     void AppendBlankLine();
-    // Convenience: OutLine = line, then AppendOutLine.
+    // Appends a line composed elsewhere to both lists, as AppendOutLine
+    // would from OutLine (OutLine itself is left as it was).
     void Append(std::string line);
     // Empties the current page.
     void ClearDataPage();

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace kal {
 
@@ -68,17 +69,19 @@ struct Pattern {
 
 Pattern ReadPattern(std::string_view pattern) {
     Pattern p;
-    const size_t dot = pattern.find('.');
-    const std::string_view ip = pattern.substr(0, dot);
-    const size_t firstZero = ip.find('0');
-    p.minInt = firstZero == std::string_view::npos ? 0 : static_cast<int>(ip.size() - firstZero);
-    if (dot != std::string_view::npos) {
-        const std::string_view fp = pattern.substr(dot + 1);
-        p.point = true;
-        p.frac = static_cast<int>(fp.size());
-        const size_t lastZero = fp.rfind('0');
-        p.minFrac = lastZero == std::string_view::npos ? 0 : static_cast<int>(lastZero + 1);
+    int intLen = 0, firstZero = -1;
+    for (char c : pattern) {
+        if (c == '.' && !p.point) {
+            p.point = true;
+        } else if (!p.point) {
+            if (c == '0' && firstZero < 0) firstZero = intLen;
+            ++intLen;
+        } else {
+            ++p.frac;
+            if (c == '0') p.minFrac = p.frac;
+        }
     }
+    p.minInt = firstZero < 0 ? 0 : intLen - firstZero;
     return p;
 }
 
@@ -99,24 +102,30 @@ std::optional<std::uint32_t> QuickWhole(double v, int sig) {
     return f >= 0.5 ? i + 1 : i;
 }
 
+// The whole number of a pattern without fraction places, right-aligned in
+// `width`, composed from the right in one piece; false when it needs the
+// decimal digits of v.
+bool AppendQuickWhole(std::string& out, double v, const Pattern& p, int sig, size_t width) {
+    if (p.frac != 0 || p.minInt > 16 || width > 16) return false;
+    const auto whole = QuickWhole(v, sig);
+    if (!whole) return false;
+    char buf[40];
+    char* const end = buf + sizeof buf;
+    char* b = end;
+    for (std::uint32_t w = *whole; w != 0; w /= 10) *--b = static_cast<char>('0' + w % 10);
+    while (end - b < p.minInt) *--b = '0';
+    if (v < 0 && *whole != 0) *--b = '-';
+    while (static_cast<size_t>(end - b) < width) *--b = ' ';
+    out.append(b, static_cast<size_t>(end - b));
+    return true;
+}
+
 } // namespace
 
 void AppendNumber(std::string& out, double v, std::string_view pattern, Precision prec) {
     const Pattern p = ReadPattern(pattern);
     const int sig = static_cast<int>(prec);
-    if (p.frac == 0) {
-        if (auto whole = QuickWhole(v, sig)) {
-            char buf[16];
-            const int n =
-                *whole == 0
-                    ? 0
-                    : static_cast<int>(std::to_chars(buf, buf + sizeof buf, *whole).ptr - buf);
-            if (v < 0 && *whole != 0) out += '-';
-            if (n < p.minInt) out.append(static_cast<size_t>(p.minInt - n), '0');
-            out.append(buf, static_cast<size_t>(n));
-            return;
-        }
-    }
+    if (AppendQuickWhole(out, v, p, sig, 0)) return;
 
     const Decimal d = ToDecimal(v, sig);
     // Digit i of the value written out from its first integer place (from
@@ -222,23 +231,26 @@ std::string StrText(double v, Precision p) {
 double Val(std::string_view t) {
     size_t i = 0;
     while (i < t.size() && (t[i] == ' ' || t[i] == '\t')) ++i;
-    std::string num;
-    if (i < t.size() && (t[i] == '-' || t[i] == '+')) num += t[i++];
+    const bool negative = i < t.size() && t[i] == '-';
+    if (i < t.size() && (t[i] == '-' || t[i] == '+')) ++i;
+    // Digits with at most one point; anything else ends the number.
+    const size_t start = i;
     bool digits = false, point = false;
     for (; i < t.size(); ++i) {
-        char c = t[i];
-        if (std::isdigit(static_cast<unsigned char>(c))) {
-            num += c;
+        const char c = t[i];
+        if (c >= '0' && c <= '9')
             digits = true;
-        } else if (c == '.' && !point) {
-            num += c;
+        else if (c == '.' && !point)
             point = true;
-        } else {
+        else
             break;
-        }
     }
     if (!digits) return 0.0;
-    return std::strtod(num.c_str(), nullptr);
+    double v = 0;
+    if (std::from_chars(t.data() + start, t.data() + i, v, std::chars_format::fixed).ec ==
+        std::errc::result_out_of_range)
+        v = std::strtod(std::string(t.substr(start, i - start)).c_str(), nullptr); // inf or 0
+    return negative ? -v : v;
 }
 
 std::optional<double> NumberText(std::string_view t) {
@@ -277,6 +289,20 @@ std::string PadLeft(std::string_view text, size_t n) {
     std::string s(text);
     if (s.size() < n) s.insert(0, n - s.size(), ' ');
     return s;
+}
+
+void AppendRight(std::string& out, size_t n, double v, std::string_view pattern) {
+    if (AppendQuickWhole(out, v, ReadPattern(pattern), static_cast<int>(Precision::Double), n))
+        return;
+    const size_t at = out.size();
+    AppendNumber(out, v, pattern);
+    const size_t len = out.size() - at;
+    if (len < n) out.insert(at, n - len, ' ');
+}
+
+void AppendLeft(std::string& out, std::string_view text, size_t n) {
+    out += text;
+    if (text.size() < n) out.append(n - text.size(), ' ');
 }
 
 std::string PadRight(std::string_view text, size_t n) {

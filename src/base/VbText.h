@@ -51,6 +51,10 @@ std::vector<std::string> SplitFields(std::string_view line);
 std::string PadLeft(std::string_view text, size_t n);
 // Left-aligns text in a field of width n (no truncation).
 std::string PadRight(std::string_view text, size_t n);
+// The same two appended to `out`: a number formatted with a pattern and
+// right-aligned, a text left-aligned.
+void AppendRight(std::string& out, size_t n, double v, std::string_view pattern);
+void AppendLeft(std::string& out, std::string_view text, size_t n);
 
 // Upper-cases ASCII letters.
 std::string Upper(std::string_view s);

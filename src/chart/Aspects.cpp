@@ -153,43 +153,65 @@ constexpr std::array<AspectTest, 13> kRanged = {{{3, 60},
 
 } // namespace
 
-AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
+namespace {
+
+// The bounds of every test under one orb table, each rounded to single
+// precision as the tests compare them.
+struct AspectBounds {
+    explicit AspectBounds(const OrbTable& orbs) {
+        for (size_t i = 0; i < kRanged.size(); ++i) {
+            const float orb = orbs[static_cast<size_t>(kRanged[i].code - 1)];
+            lo[i] = static_cast<float>(kRanged[i].angle) - orb;
+            hi[i] = static_cast<float>(kRanged[i].angle) + orb;
+        }
+        lo165 = 165.0f - orbs[16];
+        hi165 = 165.0f + orbs[16];
+        conjunct = orbs[1];
+    }
+    std::array<float, kRanged.size()> lo{}, hi{};
+    float lo165 = 0, hi165 = 0, conjunct = 0;
+};
+
+AspectHit FindAspect(double a, double b, const AspectBounds& bounds) {
     AspectHit hit;
     hit.sep = Separation(a, b);
-    float sep = static_cast<float>(hit.sep);
-    auto test = [&](int code, int angle) {
-        float orb = orbs[static_cast<size_t>(code - 1)];
-        float lo = static_cast<float>(angle) - orb;
-        float hi = static_cast<float>(angle) + orb;
-        bool pass = code == 6 ? sep >= lo : (lo <= sep && sep <= hi);
-        if (pass) {
-            hit.code = code;
-            hit.dev = hit.sep - angle;
-        }
+    const float sep = static_cast<float>(hit.sep);
+    auto pass = [&](int code, int angle) {
+        hit.code = code;
+        hit.dev = hit.sep - angle;
     };
-    for (const auto& t : kRanged) test(t.code, t.angle);
-    test(17, 165);
-    if (sep <= orbs[1]) {
-        hit.code = 2;
-        hit.dev = hit.sep;
+    for (size_t i = 0; i < kRanged.size(); ++i) {
+        const AspectTest& t = kRanged[i];
+        if (t.code == 6 ? sep >= bounds.lo[i] : (bounds.lo[i] <= sep && sep <= bounds.hi[i]))
+            pass(t.code, t.angle);
     }
+    if (bounds.lo165 <= sep && sep <= bounds.hi165) pass(17, 165);
+    if (sep <= bounds.conjunct) pass(2, 0);
     return hit;
+}
+
+} // namespace
+
+AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
+    return FindAspect(a, b, AspectBounds(orbs));
 }
 
 namespace {
 
-std::string Degrees(double v, const char* pattern, size_t width) {
-    return PadLeft(FormatNumber(std::floor(v), pattern), width);
-}
-
-std::string Minutes(double v) {
-    return FormatNumber((v - std::floor(v)) * 60, "00");
+// Whole degrees right-aligned in `width`, then "d ", the minutes (rounded)
+// and "m".
+void AppendDegreesMinutes(std::string& out, double v, const char* pattern, size_t width) {
+    const double whole = std::floor(v);
+    AppendRight(out, width, whole, pattern);
+    out += "d ";
+    AppendNumber(out, (v - whole) * 60, "00");
+    out += 'm';
 }
 
 // The exact angle right-aligned in three characters, then two blanks.
-std::string AngleCell(int angle) {
-    const char* pattern = angle < 10 ? "0" : angle < 100 ? "00" : "000";
-    return PadLeft(FormatNumber(angle, pattern), 3) + "  ";
+void AppendAngleCell(std::string& out, int angle) {
+    AppendRight(out, 3, angle, angle < 10 ? "0" : angle < 100 ? "00" : "000");
+    out += "  ";
 }
 
 } // namespace
@@ -204,36 +226,43 @@ Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, 
         P[static_cast<size_t>(pos)] =
             c.NatalLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
 
-    std::string detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
+    const AspectBounds bounds(orbs.NatalOrbs);
+    std::string detail;
+    detail.reserve(2048);
+    detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
     out.AppendBlankLine();
-    out.Append(std::string(22, ' ') + "NATAL PLANET ASPECTS TO NATAL PLANETS");
+    out.Append("                      NATAL PLANET ASPECTS TO NATAL PLANETS");
     out.AppendBlankLine();
-    out.Append(std::string(8, ' ') + "MC  Asc  N.N  Plu  Nep  Ura  Sat  Jup  Mar  Ven  Mer  Moo");
+    out.Append("        MC  Asc  N.N  Plu  Nep  Ura  Sat  Jup  Mar  Ven  Mer  Moo");
 
     for (int r = 1; r <= 12; ++r) {
-        std::string line =
-            "  " + (r == 11 ? std::string("N.N") : PlanetKey[static_cast<size_t>(r)].substr(0, 3)) +
-            "  ";
+        const std::string& key = PlanetKey[static_cast<size_t>(r)];
+        std::string line;
+        line.reserve(72);
+        line += "  ";
+        line += r == 11 ? std::string_view("N.N") : std::string_view(key).substr(0, 3);
+        line += "  ";
         for (int k = 13; k >= r + 1; --k) {
-            AspectHit h =
-                FindAspect(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)], orbs.NatalOrbs);
+            AspectHit h = FindAspect(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)], bounds);
             if (h.code == 1) {
                 line += "---  ";
                 continue;
             }
-            line += AngleCell(AspectAngle[static_cast<size_t>(h.code)]);
+            AppendAngleCell(line, AspectAngle[static_cast<size_t>(h.code)]);
             found[static_cast<size_t>(h.code)][static_cast<size_t>(k)][static_cast<size_t>(r)] = 1;
             if (r == 12) continue;
-            double adev = std::fabs(h.dev);
-            detail += "  " + PadRight(PlanetKey[static_cast<size_t>(r)], 11) +
-                      PadRight(PlanetKey[static_cast<size_t>(k)], 11) + Degrees(h.sep, "##0", 3) +
-                      "d " + Minutes(h.sep) + "m" + std::string(7, ' ') + Degrees(adev, "#0", 4) +
-                      "d " + Minutes(adev) + "m\r\n";
+            detail += "  ";
+            AppendLeft(detail, key, 11);
+            AppendLeft(detail, PlanetKey[static_cast<size_t>(k)], 11);
+            AppendDegreesMinutes(detail, h.sep, "##0", 3);
+            detail += "       ";
+            AppendDegreesMinutes(detail, std::fabs(h.dev), "#0", 4);
+            detail += "\r\n";
         }
-        out.Append(line);
+        out.Append(std::move(line));
     }
     out.AppendBlankLine();
-    out.Append(detail);
+    out.Append(std::move(detail));
     return {};
 }
 

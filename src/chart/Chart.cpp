@@ -5,7 +5,8 @@
 namespace kal {
 
 int Chart::HouseNumberOf(int body) const {
-    return static_cast<int>(Val(PlanetHouse.substr(static_cast<size_t>(body - 1) * 10, 2)));
+    return static_cast<int>(
+        Val(std::string_view(PlanetHouse).substr(static_cast<size_t>(body - 1) * 10, 2)));
 }
 
 void Chart::RestoreWorkingCopy() {

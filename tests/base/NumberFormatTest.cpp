@@ -341,9 +341,22 @@ TEST(NumberFormat, GeneralTextsSameAsTheCLibraryFormatter) {
     EXPECT_EQ(diff.count, 0) << diff.first.str();
 }
 
-TEST(NumberFormat, AppendsToWhatIsThere) {
+TEST(NumberFormat, AppendsToWhatIsThereRightAligned) {
     std::string line = "  Sun";
     AppendNumber(line, 7.25, "00");
     AppendNumber(line, -12.5, "##0.00");
     EXPECT_EQ(line, "  Sun07-12.50");
+
+    Differences diff;
+    Values values(3);
+    for (int i = 0; i < 50000; ++i) {
+        const double v = values.Next();
+        const char* pattern = kPatterns[i % std::size(kPatterns)];
+        const size_t width = static_cast<size_t>(i % 7);
+        std::string got = "|";
+        AppendRight(got, width, v, pattern);
+        diff.Check(got, "|" + PadLeft(reference::Format(v, pattern, Precision::Double), width),
+                   Show(v) + " with " + pattern + " in " + std::to_string(width));
+    }
+    EXPECT_EQ(diff.count, 0) << diff.first.str();
 }

@@ -85,6 +85,19 @@ TEST(OutputBuffer, EmbeddedLineBreaksTakeThePageLineEnd) {
     out.Append("h\r\nd1\r\n");
     EXPECT_EQ(PageText(out, "\n"), "x\nh\nd1\n\n\n");
     EXPECT_EQ(PageText(out, "\r\n"), "x\r\nh\r\nd1\r\n\r\n\r\n");
+    // A lone CR is dropped, a lone LF is a line end.
+    OutputBuffer lone;
+    lone.Append("a\rb\nc\r");
+    EXPECT_EQ(PageText(lone, "\r\n"), "ab\r\nc\r\n\r\n");
+}
+
+TEST(OutputBuffer, PageFolderRemovedSinceStartIsMadeAgain) {
+    kal::test::ScratchAppDir dir;
+    std::filesystem::remove_all(dir.path() / "reports");
+    OutputBuffer out;
+    out.Append("line");
+    ASSERT_TRUE(ShowDataPage(out, dir.path()));
+    EXPECT_EQ(*ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), "line\r\n\r\n\r\n");
 }
 
 TEST(TextFiles, ReplacedWholeOrNotAtAll) {

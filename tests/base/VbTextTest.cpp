@@ -1,6 +1,11 @@
 // Number patterns and text conversions the listings and data files rely on.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cstring>
+#include <random>
+#include <string>
+
 #include "base/VbText.h"
 
 using namespace kal;
@@ -93,4 +98,24 @@ TEST(TextHelpers, PadAndCase) {
     EXPECT_EQ(Lower("North"), "north");
     EXPECT_EQ(Trim("  a b \t"), "a b");
     EXPECT_EQ(Trim("   "), "");
+}
+
+TEST(Val, SameValueAsTheCLibraryOnAnyDigits) {
+    // Digit strings of every length, with and without a point, signs and
+    // trailing text; the C library's reading of the same span is the
+    // reference (the nearest double, infinity beyond the range).
+    std::mt19937 rng(5);
+    auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(rng); };
+    for (int i = 0; i < 20000; ++i) {
+        std::string digits;
+        const int n = i % 50 == 0 ? pick(300, 420) : pick(1, 25);
+        for (int k = 0; k < n; ++k) digits += static_cast<char>('0' + pick(0, 9));
+        if (pick(0, 2)) digits.insert(static_cast<size_t>(pick(0, n)), ".");
+        if (i % 97 == 0)
+            digits = "0." + std::string(static_cast<size_t>(pick(300, 400)), '0') + "7";
+        const std::string sign = pick(0, 3) == 0 ? "-" : pick(0, 3) == 0 ? "+" : "";
+        const double want = std::strtod((sign + digits).c_str(), nullptr);
+        const double got = Val("  " + sign + digits + (pick(0, 1) ? "x9" : ""));
+        ASSERT_EQ(std::memcmp(&got, &want, sizeof got), 0) << sign + digits;
+    }
 }
