@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <cctype>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
@@ -24,21 +25,10 @@ std::optional<std::string> ReadFileBytes(const fs::path& file) {
 
 std::vector<std::string> SplitLines(std::string_view text) {
     std::vector<std::string> lines;
-    std::string cur;
-    for (size_t i = 0; i < text.size(); ++i) {
-        char c = text[i];
-        if (c == '\r') {
-            lines.push_back(cur);
-            cur.clear();
-            if (i + 1 < text.size() && text[i + 1] == '\n') ++i;
-        } else if (c == '\n') {
-            lines.push_back(cur);
-            cur.clear();
-        } else {
-            cur += c;
-        }
-    }
-    if (!cur.empty()) lines.push_back(cur);
+    ForEachLine(text, [&](std::string_view line) {
+        lines.emplace_back(line);
+        return true;
+    });
     return lines;
 }
 
@@ -88,9 +78,19 @@ fs::path FindFile(const fs::path& dir, std::string_view name) {
     fs::path exact = dir / std::string(name);
     std::error_code ec;
     if (fs::exists(exact, ec)) return exact;
-    std::string want = Upper(name);
+    auto sameName = [name](std::string_view entry) {
+        if (entry.size() != name.size()) return false;
+        for (size_t i = 0; i < name.size(); ++i)
+            if (std::toupper(static_cast<unsigned char>(entry[i])) !=
+                std::toupper(static_cast<unsigned char>(name[i])))
+                return false;
+        return true;
+    };
     for (fs::directory_iterator it(dir, ec), end; !ec && it != end; it.increment(ec)) {
-        if (Upper(it->path().filename().string()) == want) return it->path();
+        const std::string& entry = it->path().native();
+        const size_t slash = entry.rfind('/');
+        if (sameName(std::string_view(entry).substr(slash == std::string::npos ? 0 : slash + 1)))
+            return it->path();
     }
     return exact;
 }

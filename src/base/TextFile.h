@@ -22,6 +22,20 @@ std::optional<std::string> ReadFileBytes(const std::filesystem::path& file);
 // Splits text into lines at CR LF, LF or a lone CR.
 std::vector<std::string> SplitLines(std::string_view text);
 
+// Calls f with each line of text as SplitLines would give it, without
+// copying, until f returns false.
+template <class F> void ForEachLine(std::string_view text, F f) {
+    size_t start = 0;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (c != '\r' && c != '\n') continue;
+        if (!f(text.substr(start, i - start))) return;
+        if (c == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+        start = i + 1;
+    }
+    if (start < text.size()) f(text.substr(start));
+}
+
 // Writes each line followed by `eol`, replacing the file. False on failure.
 bool WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines,
                 std::string_view eol = "\r\n");
