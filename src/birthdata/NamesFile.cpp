@@ -1,7 +1,6 @@
 #include "birthdata/NamesFile.h"
 
 #include "base/TextFile.h"
-#include "birthdata/ListFile.h"
 
 namespace kal {
 
@@ -15,8 +14,8 @@ Message NamesFileLineError() {
 
 NamesList LoadNamesFile(const std::filesystem::path& file) {
     NamesList list;
-    list.opened =
-        ReadListFile(file, ParseRecordLine, NamesFileLineError(), list.records, list.errors);
+    list.opened = ReadListFile(file, ParseRecordLine, NamesFileLineError(), list.records,
+                               list.errors, &list.lines);
     return list;
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/Message.h"
+#include "birthdata/ListFile.h"
 #include "birthdata/Record.h"
 
 namespace kal {
@@ -14,6 +15,7 @@ struct NamesList {
     bool opened = false;              // false: the file could not be read
     std::vector<BirthRecord> records; // in file order
     Messages errors;                  // one per line that is not a record
+    ListLines lines;                  // the line numbers of both
 };
 
 // The error shown for a line of a names file that cannot be read.

@@ -1,12 +1,18 @@
 // kaltrova-cli: the core without windows, for batch work, scripting and tests.
+#include <algorithm>
+#include <cmath>
+#include <condition_variable>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <functional>
 #include <iostream>
+#include <limits>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "atlas/AtlasLookup.h"
@@ -34,7 +40,7 @@ namespace {
 const char* kUsage =
     "usage: kaltrova-cli [--dir APPDIR] [--houses P|K|R|C|O|B|T] [--date-order 0|1|2]\n"
     "                    COMMAND (--record LINE | --names FILE --name NAME)\n"
-    "       kaltrova-cli [options] batch --names FILE COMMAND\n"
+    "       kaltrova-cli [options] batch --names FILE [--jobs N] COMMAND\n"
     "       kaltrova-cli [--dir APPDIR] atlas --place TEXT --date YYYY-MM-DD --time HH:MM\n"
     "                    [--limit N]\n"
     "commands:\n"
@@ -54,7 +60,10 @@ const char* kUsage =
     "            default 1024x768; PDF as the printed page); in a batch each\n"
     "            record's number and name go before the extension\n"
 #endif
-    ;
+    "batch runs the command for every record of the names file on N threads (all\n"
+    "the cores by default): the pages in record order, each refused record on\n"
+    "standard error with its line number, then a count. Exit status 65 when no\n"
+    "record could be calculated; the wheels of a batch are drawn one at a time.\n";
 
 // A listing command: runs on a calculated chart and leaves its page in the
 // output buffer.
@@ -123,28 +132,53 @@ int ExportWheelOf(Session& s, const fs::path& file, short typeChart, QSize size)
 }
 #endif
 
+// What one record gave.
+struct RecordRun {
+    int status = 0;          // the exit status of the record alone
+    bool calculated = false; // the chart was calculated
+    Messages messages;       // for standard error
+    std::string text;        // for standard output
+};
+
+// Closes the page as ShowDataPage does (its blank line); `show` writes it to
+// reports/LASTPAGE.TXT as well.
+void ClosePage(Session& s, bool show) {
+    if (show)
+        s.ShowDataPage();
+    else if (s.listing.out.AllCount() > 0)
+        s.listing.out.AppendBlankLine();
+}
+
 // Moves the record into the input fields, calculates as OK does and runs the
-// command. Returns the exit status.
-int RunRecord(Session& s, BirthRecord rec, const std::string& command,
-              const WheelOut* wheel = nullptr, int number = 0) {
+// command; `wheel` for the wheel command, `number` the record's in a batch.
+// With `show` each page is shown as the program shows it; without, the
+// pages are only composed.
+RecordRun RunRecord(Session& s, BirthRecord rec, const std::string& command, bool show,
+                    const WheelOut* wheel = nullptr, int number = 0) {
+    RecordRun run;
     const Command& cmd = Commands().at(command);
     const bool calcPage = command == "page";
     InputFields in = s.calc.input;
     if (auto err = TransferRecord(rec, s.regional.DateOrder, in)) {
-        PrintMessages({*err});
-        return 2;
+        run.messages = {*err};
+        run.status = 2;
+        return run;
     }
     CalcOutcome calc = s.Calculate(in);
     if (!calc.calculated) {
-        PrintMessages(calc.messages);
-        return 1;
+        run.messages = calc.messages;
+        run.status = 1;
+        return run;
     }
-    s.ShowDataPage();
+    run.calculated = true;
+    if (show || calcPage) ClosePage(s, show);
 #ifdef KALTROVA_WHEEL_EXPORT
-    if (wheel)
-        return ExportWheelOf(
+    if (wheel) {
+        run.status = ExportWheelOf(
             s, wheel->batch ? BatchFile(wheel->file, number, rec.RecName) : wheel->file,
             wheel->typeChart, QSize(wheel->width, wheel->height));
+        return run;
+    }
 #else
     (void)wheel;
     (void)number;
@@ -154,21 +188,135 @@ int RunRecord(Session& s, BirthRecord rec, const std::string& command,
     Messages msgs = calc.messages;
     if (!calcPage) {
         msgs = cmd(s);
-        if (msgs.empty()) s.ShowDataPage();
+        if (msgs.empty()) ClosePage(s, show);
     }
     if (!msgs.empty()) {
-        PrintMessages(msgs);
-        return 1;
+        run.messages = std::move(msgs);
+        run.status = 1;
+        return run;
     }
     if (command == "report") {
         for (const auto& line : ReportPagedLines(s.report, s.options)) {
-            std::fputs(line.c_str(), stdout);
-            std::fputc('\n', stdout);
+            run.text += line;
+            run.text += '\n';
         }
     } else {
-        std::fputs(PageText(s.listing.out, "\n").c_str(), stdout);
+        run.text = PageText(s.listing.out, "\n");
     }
-    return 0;
+    return run;
+}
+
+void PrintRun(const RecordRun& run) {
+    PrintMessages(run.messages);
+    if (run.status == 0) std::fwrite(run.text.data(), 1, run.text.size(), stdout);
+}
+
+// What every session of a run opens with.
+struct SessionSetup {
+    fs::path dir; // the program directory given, or empty for the program's
+    short dateOrder = 0;
+    char houses = 0; // the house system given, or 0 for the options' own
+};
+
+void OpenSession(Session& s, const SessionSetup& setup) {
+    const fs::path exeDir = ExecutableDir();
+    s.Open(setup.dir.empty() ? exeDir : setup.dir, ShippedDataDir(exeDir).value_or(fs::path()));
+    s.regional.DateOrder = setup.dateOrder;
+    if (setup.houses != 0) s.calc.HouseSystem = setup.houses;
+}
+
+// A refused line of a names file: its number before each message.
+void PrintRefused(int line, const Messages& msgs) {
+    for (const auto& m : msgs)
+        std::cerr << "line " << line << ": " << m.caption << " " << m.text << "\n";
+}
+
+// batch: the command for every record of the list, on `jobs` threads with a
+// session each. The pages reach standard output in record order as they
+// come, the refused lines standard error with their line numbers, and a
+// count closes the run. reports/LASTPAGE.TXT is written once, at the end,
+// with what the last record calculated left there. The wheels (`wheel`) are
+// drawn on this thread alone, in the session `s` that has their fonts.
+// Returns the exit status: 65 when no record could be calculated.
+int RunBatch(Session& s, const SessionSetup& setup, const NamesList& list,
+             const std::string& command, unsigned jobs, const WheelOut* wheel) {
+    const std::size_t n = list.records.size();
+    jobs =
+        wheel
+            ? 0
+            : static_cast<unsigned>(std::clamp<std::size_t>(jobs, 1, std::max<std::size_t>(n, 1)));
+    // The workers run at most this many records ahead of the output, so
+    // that a long file is never held whole.
+    const std::size_t ahead = 32 * std::size_t{std::max(jobs, 1u)};
+    std::vector<RecordRun> runs(n);
+    std::vector<char> done(n, 0);
+    std::size_t next = 0, written = 0;
+    std::mutex lock;
+    std::condition_variable changed;
+
+    auto work = [&] {
+        Session s;
+        OpenSession(s, setup);
+        for (;;) {
+            std::size_t k = 0;
+            {
+                std::unique_lock<std::mutex> l(lock);
+                changed.wait(l, [&] { return next >= n || next < written + ahead; });
+                if (next >= n) break;
+                k = next++;
+            }
+            RecordRun run = RunRecord(s, list.records[k], command, false);
+            {
+                std::lock_guard<std::mutex> l(lock);
+                runs[k] = std::move(run);
+                done[k] = 1;
+            }
+            changed.notify_all();
+        }
+        s.Close();
+    };
+    std::vector<std::thread> workers;
+    for (unsigned j = 0; j < jobs; ++j) workers.emplace_back(work);
+
+    std::size_t given = 0, refused = list.errors.size(), lastCalculated = n;
+    std::size_t lineError = 0;
+    auto refusedLinesBefore = [&](int line) {
+        for (; lineError < list.errors.size() && list.lines.errors[lineError] < line; ++lineError)
+            PrintRefused(list.lines.errors[lineError], {list.errors[lineError]});
+    };
+    for (std::size_t k = 0; k < n; ++k) {
+        RecordRun run;
+        if (jobs == 0) {
+            run = RunRecord(s, list.records[k], command, false, wheel, static_cast<int>(k) + 1);
+        } else {
+            std::unique_lock<std::mutex> l(lock);
+            changed.wait(l, [&] { return done[k] != 0; });
+            run = std::move(runs[k]);
+            written = k + 1;
+            l.unlock();
+            changed.notify_all();
+        }
+        const int line = list.lines.items[k];
+        refusedLinesBefore(line);
+        if (run.calculated) lastCalculated = k;
+        if (run.status == 0) {
+            ++given;
+            std::fwrite(run.text.data(), 1, run.text.size(), stdout);
+        } else {
+            ++refused;
+            PrintRefused(line, run.messages);
+        }
+    }
+    refusedLinesBefore(std::numeric_limits<int>::max());
+    for (auto& w : workers) w.join();
+    std::fflush(stdout);
+
+    // The wheel command's page is the calculation's.
+    if (lastCalculated < n)
+        RunRecord(s, list.records[lastCalculated], wheel ? "page" : command, true);
+    std::cerr << "kaltrova-cli: " << given << (given == 1 ? " record" : " records")
+              << " calculated, " << refused << " refused\n";
+    return given == 0 ? 65 : 0;
 }
 
 // "1944-08-01" and "10:00" into a clock; false when they are not such.
@@ -241,10 +389,11 @@ int RunAtlas(Session& s, const std::string& place, const std::string& date, cons
 int main(int argc, char** argv) {
     fs::path dir;
     std::string houses, record, namesFile, name, command, place, date, time;
+    std::string out, style, size;
     int dateOrder = 0;
     int limit = 100;
+    std::string jobsText;
     bool batch = false;
-    std::string out, style, size;
     std::vector<std::string> args(argv + 1, argv + argc);
     for (size_t i = 0; i < args.size(); ++i) {
         const std::string& a = args[i];
@@ -265,12 +414,6 @@ int main(int argc, char** argv) {
             namesFile = value();
         else if (a == "--name")
             name = value();
-        else if (a == "--out")
-            out = value();
-        else if (a == "--style")
-            style = value();
-        else if (a == "--size")
-            size = value();
         else if (a == "--date-order")
             dateOrder = std::atoi(value().c_str());
         else if (a == "--place")
@@ -281,6 +424,14 @@ int main(int argc, char** argv) {
             time = value();
         else if (a == "--limit")
             limit = std::atoi(value().c_str());
+        else if (a == "--out")
+            out = value();
+        else if (a == "--style")
+            style = value();
+        else if (a == "--size")
+            size = value();
+        else if (a == "--jobs")
+            jobsText = value();
         else if (a == "-h" || a == "--help") {
             std::cout << kUsage;
             return 0;
@@ -347,6 +498,26 @@ int main(int argc, char** argv) {
         return 64;
     }
 
+    SessionSetup setup{dir, static_cast<short>(dateOrder), 0};
+    if (!houses.empty()) {
+        for (const auto& h : HouseSystems)
+            if (houses.size() == 1 && std::toupper(houses[0]) == h.letter) setup.houses = h.letter;
+        if (setup.houses == 0) {
+            std::cerr << "kaltrova-cli: --houses takes one of P K R C O B T\n";
+            return 64;
+        }
+    }
+    // All the cores unless told.
+    unsigned jobs = std::max(1u, std::thread::hardware_concurrency());
+    if (!jobsText.empty()) {
+        const auto n = NumberText(jobsText);
+        if (!batch || !n || *n < 1 || *n > 1024 || *n != std::floor(*n)) {
+            std::cerr << "kaltrova-cli: --jobs takes a number of threads from 1, with batch\n";
+            return 64;
+        }
+        jobs = static_cast<unsigned>(*n);
+    }
+
 #ifdef KALTROVA_WHEEL_EXPORT
     // The wheel is drawn through Qt's painter; without a display, on the
     // offscreen platform.
@@ -360,8 +531,7 @@ int main(int argc, char** argv) {
     }
 #endif
     Session s;
-    const fs::path exeDir = ExecutableDir();
-    s.Open(dir.empty() ? exeDir : dir, ShippedDataDir(exeDir).value_or(fs::path()));
+    OpenSession(s, setup);
 #ifdef KALTROVA_WHEEL_EXPORT
     int wheelFont = -1;
     if (isWheel) {
@@ -400,22 +570,20 @@ int main(int argc, char** argv) {
             std::cerr << "kaltrova-cli: cannot read names file " << namesFile << "\n";
             return 66;
         }
-        PrintMessages(list.errors);
         if (batch) {
-            int number = 0;
-            for (const auto& rec : list.records) {
-                int st = RunRecord(s, rec, command, isWheel ? &wheel : nullptr, ++number);
-                if (st != 0) status = st;
-            }
+            status = RunBatch(s, setup, list, command, jobs, isWheel ? &wheel : nullptr);
         } else {
+            PrintMessages(list.errors);
             int idx = FindRecord(list.records, name);
             if (idx < 0) {
                 std::cerr << "kaltrova-cli: no record named '" << name << "' in " << namesFile
                           << "\n";
                 return 65;
             }
-            status = RunRecord(s, list.records[static_cast<size_t>(idx)], command,
-                               isWheel ? &wheel : nullptr);
+            RecordRun run = RunRecord(s, list.records[static_cast<size_t>(idx)], command, true,
+                                      isWheel ? &wheel : nullptr);
+            PrintRun(run);
+            status = run.status;
         }
     } else if (!record.empty()) {
         auto rec = ParseRecordLine(record);
@@ -423,7 +591,9 @@ int main(int argc, char** argv) {
             std::cerr << "kaltrova-cli: not a names-file record: " << record << "\n";
             return 65;
         }
-        status = RunRecord(s, *rec, command, isWheel ? &wheel : nullptr);
+        RecordRun run = RunRecord(s, *rec, command, true, isWheel ? &wheel : nullptr);
+        PrintRun(run);
+        status = run.status;
     } else {
         std::cerr << "kaltrova-cli: give --record LINE or --names FILE --name NAME\n" << kUsage;
         return 64;

@@ -6,6 +6,7 @@
 // position, cusp, house placement and retrograde mark, and the header fields.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -290,4 +291,110 @@ TEST(CliWheel, BatchNamesEachFileAndBadArgumentsAreRefused) {
           "wheel --out x.png --size 10 --record " + ShellQuote(kExample),
           "natal --out x.png --record " + ShellQuote(kExample)})
         EXPECT_EQ(RunShell(Cli(dir.path(), args + " 2>/dev/null")).status, 64) << args;
+}
+
+namespace {
+
+// Births spread over years and both hemispheres, each its own moment.
+std::vector<std::string> ManyRecords(int n) {
+    const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                            "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    std::vector<std::string> lines;
+    for (int k = 0; k < n; ++k) {
+        // The longitude on the side of Greenwich its zone says (West
+        // positive), the latitude North or South below 60 degrees.
+        const int zone = k % 25 - 12;
+        const int lon = (zone < 0 ? -zone : zone) * 14 + k % 7;
+        char line[128];
+        std::snprintf(line, sizeof line,
+                      "Batch %d,%02d %s %d,%d.%02d,%c,%d,%s%03d.%02d,%s%02d.%02d,", k, 1 + k % 28,
+                      months[k % 12], 1901 + k * 37 % 140, 1 + k % 12, k * 7 % 60,
+                      k % 2 ? 'P' : 'A', zone, zone < 0 ? "-" : "", lon, k % 60, k % 3 ? "" : "-",
+                      k * 11 % 60, k * 3 % 60);
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+} // namespace
+
+// The pages of a batch are those of the records run one at a time, in file
+// order, whatever the number of threads; the refused lines are told with
+// their numbers, in file order, and LASTPAGE.TXT holds the last page.
+TEST(CliBatch, PagesInRecordOrderOnAnyNumberOfThreads) {
+    kal::test::ScratchAppDir dir;
+    std::vector<std::string> lines = ManyRecords(40);
+    lines.insert(lines.begin() + 3, "not,a record");
+    lines.insert(lines.begin() + 17, "Far North,12 May 1959,10.43,A,-3,75.23,70.00,");
+    lines.push_back(kExample);
+    std::string file;
+    for (const auto& l : lines) file += l + "\r\n";
+    dir.Write("MANY.FIL", file);
+    const std::string names = ShellQuote((dir.path() / "MANY.FIL").string());
+    const std::string err = ShellQuote((dir.path() / "err.txt").string());
+
+    for (const char* command : {"page", "aspects"}) {
+        std::string expected;
+        for (const auto& l : lines) {
+            if (l == "not,a record" || l.rfind("Far North", 0) == 0) continue;
+            auto one = RunShell(Cli(dir.path(), std::string(command) + " --record " +
+                                                    ShellQuote(l) + " 2>/dev/null"));
+            ASSERT_EQ(one.status, 0) << l;
+            expected += one.out;
+        }
+        const std::string lastPage = *kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT");
+        for (const char* jobs : {"--jobs 1", "--jobs 3", ""}) {
+            std::filesystem::remove(dir.path() / "reports" / "LASTPAGE.TXT");
+            auto r = RunShell(Cli(dir.path(), std::string("batch ") + jobs + " --names " + names +
+                                                  " " + command + " 2>" + err));
+            EXPECT_EQ(r.status, 0) << command << " " << jobs;
+            EXPECT_TRUE(r.out == expected) << command << " " << jobs;
+            auto told = kal::SplitLines(*kal::ReadFileBytes(dir.path() / "err.txt"));
+            ASSERT_EQ(told.size(), 4u) << command << " " << jobs;
+            EXPECT_EQ(told[0].rfind("line 4: Error! You have an error in the current names", 0),
+                      0u);
+            EXPECT_EQ(told[1], "line 18: Warning! Error in natal input data section. Please "
+                               "correct.");
+            EXPECT_EQ(told[2].rfind("line 18: Warning! Your latitude is too high.", 0), 0u);
+            EXPECT_EQ(told[3], "kaltrova-cli: 41 records calculated, 2 refused");
+            EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), lastPage)
+                << command << " " << jobs;
+        }
+    }
+}
+
+TEST(CliBatch, ExitStatusAndArguments) {
+    kal::test::ScratchAppDir dir;
+    auto batch = [&](const std::string& fileText, const std::string& more = "") {
+        dir.Write("B.FIL", fileText);
+        return RunShell(Cli(dir.path(), "batch " + more + " --names " +
+                                            ShellQuote((dir.path() / "B.FIL").string()) +
+                                            " page 2>/dev/null"));
+    };
+    // Nothing calculated: every line refused, an empty file, a file that
+    // ends before its first record.
+    const std::string refused = "x,y\r\nFar North,12 May 1959,10.43,A,-3,75.23,70.00,\r\n";
+    for (const std::string& text : {refused, std::string(), ",\r\n" + kExample + "\r\n"}) {
+        auto r = batch(text);
+        EXPECT_EQ(r.status, 65) << text;
+        EXPECT_EQ(r.out, "");
+    }
+    EXPECT_FALSE(std::filesystem::exists(dir.path() / "reports" / "LASTPAGE.TXT"));
+    // One record calculated among refused ones is a batch that gave pages.
+    auto some = batch(refused + kSouthern + "\r\n", "--jobs 2");
+    EXPECT_EQ(some.status, 0);
+    EXPECT_NE(some.out.find("Southern"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(dir.path() / "reports" / "LASTPAGE.TXT"));
+
+    for (const char* jobs : {"--jobs 0", "--jobs -2", "--jobs two", "--jobs 1.5"})
+        EXPECT_EQ(batch(kExample, jobs).status, 64) << jobs;
+    EXPECT_EQ(
+        RunShell(Cli(dir.path(), "page --jobs 2 --record " + ShellQuote(kExample) + " 2>/dev/null"))
+            .status,
+        64);
+    EXPECT_EQ(
+        RunShell(Cli(dir.path(), "batch --names " + ShellQuote((dir.path() / "none.fil").string()) +
+                                     " page 2>/dev/null"))
+            .status,
+        66);
 }
