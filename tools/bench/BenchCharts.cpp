@@ -12,6 +12,7 @@
 #include <set>
 #include <unistd.h>
 
+#include "base/TextFile.h"
 #include "birthdata/Record.h"
 
 namespace kal::bench {
@@ -137,7 +138,11 @@ class RatioReporter : public benchmark::ConsoleReporter {
             auto b = base.find(kind);
             if (b == base.end() || b->second <= 0) continue;
             double t = &base == &real_ ? real : cpu;
-            r.counters["x_baseline"] = benchmark::Counter(t / b->second);
+            // A figure of many charts at once says how many.
+            double charts = 1;
+            if (auto c = r.counters.find("charts"); c != r.counters.end() && c->second.value > 0)
+                charts = c->second.value;
+            r.counters["x_baseline"] = benchmark::Counter(t / (charts * b->second));
         }
         ConsoleReporter::ReportRuns(out);
     }
@@ -179,6 +184,16 @@ int Main(int argc, char** argv, const std::function<void()>& registerFigures,
         BenchCharts();
         if (w->second.prepare) w->second.prepare();
         kaltrova_counted_run(&w->second, n);
+        return 0;
+    }
+    if (argc == 4 && std::strcmp(argv[1], "--names") == 0) {
+        const std::size_t n = std::strtoul(argv[2], nullptr, 10);
+        std::string text;
+        for (const auto& line : RandomRecordLines(n, kNamesSeed)) text += line + "\r\n";
+        if (n == 0 || !WriteFileBytes(argv[3], text)) {
+            std::cerr << "usage: " << argv[0] << " --names N FILE (N random records)\n";
+            return 64;
+        }
         return 0;
     }
     benchmark::Initialize(&argc, argv);

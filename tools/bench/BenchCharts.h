@@ -31,6 +31,8 @@ namespace kal::bench {
 // degrees of latitude, every one at another moment; the same for the same
 // seed.
 std::vector<std::string> RandomRecordLines(std::size_t n, std::uint64_t seed = 1);
+// The seed of the names files of batch figures (`--names N FILE` writes one).
+constexpr std::uint64_t kNamesSeed = 16000;
 
 // What the ephemeris is asked for one chart.
 struct Moment {
@@ -68,12 +70,14 @@ struct Workload {
 };
 using Workloads = std::map<std::string, Workload>;
 
-// `--count NAME N` runs workload NAME on charts 0..N-1 in the function
+// `--names N FILE` writes a names file of N random records (kNamesSeed) and
+// nothing else. `--count NAME N` runs workload NAME on charts 0..N-1 in the function
 // kaltrova_counted_run, which alone callgrind counts (see
 // count_instructions.sh), and nothing else; otherwise the baseline (BM_Baseline_Ephemeris) and then
 // the figures `registerFigures` registers run, each printed with its ratio to the baseline. The
 // figures of processes are named BM_Process_...: they measure real time and are compared with the
-// baseline's real time.
+// baseline's real time. A figure that does many charts an iteration sets the counter "charts"; its
+// ratio is then to that many baselines.
 int Main(int argc, char** argv, const std::function<void()>& registerFigures,
          const Workloads& workloads);
 

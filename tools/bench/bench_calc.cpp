@@ -21,6 +21,7 @@
 #include "analyses/Listings.h"
 #include "analyses/NatalData.h"
 #include "base/OutputBuffer.h"
+#include "base/TextFile.h"
 
 extern char** environ;
 
@@ -119,15 +120,16 @@ void OverCharts(benchmark::State& state, const char* name) {
     for (auto _ : state) w.run(i++ % n);
 }
 
-// Runs a program to its end, its output thrown away; false when it could
-// not be started or did not exit with 0.
-bool RunProcess(const std::vector<std::string>& args) {
+// Runs a program to its end, its output thrown away (its standard error too
+// when `quiet`); false when it could not be started or did not exit with 0.
+bool RunProcess(const std::vector<std::string>& args, bool quiet = false) {
     std::vector<char*> argv;
     for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
     argv.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+    if (quiet) posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
     pid_t pid = 0;
     int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
@@ -149,6 +151,36 @@ void BM_Process_CliPage(benchmark::State& state) {
             break;
         }
     }
+}
+
+// `kaltrova-cli batch page` over a names file of 16,000 random records
+// (written once), its pages thrown away; state.range(0) threads, 0 for the
+// program's own choice (all the cores). The ratio is to 16,000 baseline
+// charts on one core.
+void BM_Process_BatchPage(benchmark::State& state) {
+    constexpr std::size_t records = 16000;
+    static const std::string file = [] {
+        const auto path = std::filesystem::temp_directory_path() / "kaltrova_bench_16000.fil";
+        std::string text;
+        for (const auto& line : bench::RandomRecordLines(records, bench::kNamesSeed))
+            text += line + "\r\n";
+        WriteFileBytes(path, text);
+        return path.string();
+    }();
+    std::vector<std::string> args = {KALTROVA_CLI, "--dir",   KALTROVA_APPDIR,
+                                     "batch",      "--names", file};
+    if (state.range(0) > 0) {
+        args.push_back("--jobs");
+        args.push_back(std::to_string(state.range(0)));
+    }
+    args.push_back("page");
+    for (auto _ : state) {
+        if (!RunProcess(args, true)) {
+            state.SkipWithError("kaltrova-cli batch failed");
+            break;
+        }
+    }
+    state.counters["charts"] = records;
 }
 
 // For comparison: one swetest process for the same moment (bodies and
@@ -186,6 +218,13 @@ void Register() {
     figure("BM_Listing_CosmicState", "cosmic");
     figure("BM_PageText", "pagetext");
     benchmark::RegisterBenchmark("BM_Process_CliPage", BM_Process_CliPage)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime();
+    benchmark::RegisterBenchmark("BM_Process_BatchPage", BM_Process_BatchPage)
+        ->ArgName("jobs")
+        ->Arg(1)
+        ->Arg(0)
+        ->Iterations(1)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
     if (std::filesystem::exists("/usr/bin/swetest"))

@@ -35,6 +35,22 @@ for w in calc shown header career aspects natal cosmic pagetext; do
   printf '%-10s %12d %9.2f\n' "$w" "$ir" "$(awk "BEGIN { print $ir / $base }")"
 done
 
+# The natal report with the shipped texts (calculation and data page
+# included), on 50 of the charts.
+report=$build/tools/bench/bench_report
+if [ -x "$report" ]; then
+  total=$(collected --instr-atstart=no --collect-atstart=no "$report" --count report 50)
+  printf '%-10s %12d %9.2f\n' report $((total / 50)) "$(awk "BEGIN { print $total / 50 / $base }")"
+fi
+
+# batch page on one thread, per record: 1,000 random records, the whole
+# process (start, names file, pages, LASTPAGE.TXT) divided among them.
+names=$(mktemp --suffix=.fil)
+trap 'rm -f "$names"' EXIT
+"$bench" --names 1000 "$names"
+total=$(collected "$cli" --dir "$build/appdir" batch --jobs 1 --names "$names" page)
+printf '%-10s %12d %9.2f\n' batch $((total / 1000)) "$(awk "BEGIN { print $total / 1000 / $base }")"
+
 record="Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org"
 printf '\n%-26s %12s\n' process Ir
 printf '%-26s %12d\n' "kaltrova-cli page" \
