@@ -1,7 +1,12 @@
-// Benchmarks of the chart wheel: the paint through the Qt adapter into an
-// image the size of a large window, and a whole time step in the running windows (the step,
-// the calculation with all listings, the data window's page, the wheel's
-// repaint), offscreen. Report figures as ratios taken in one run.
+// Benchmarks of the chart wheel beside the baseline of the same run
+// (BenchCharts.h): the paint on a recording canvas over distinct random
+// charts, the paint through the Qt adapter into an image the size of a large
+// window, and a whole time step in the running windows (the step, the
+// calculation with all listings, the data window's page, the wheel's
+// repaint), offscreen. In a build with the windows and benchmarks:
+//   build/tools/bench/bench_wheel --benchmark_repetitions=9
+//       --benchmark_report_aggregates_only=true      (one command line)
+//   build/tools/bench/bench_wheel --count wheel 200   (for callgrind)
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -11,12 +16,16 @@
 #include <cstdlib>
 #include <memory>
 
+#include "BenchCharts.h"
 #include "app/Windows.h"
 #include "birthdata/Record.h"
 #include "birthdata/ui/InputD.h"
 #include "shell/Session.h"
 #include "shell/ui/AppContext.h"
 #include "shell/ui/Kaltrova.h"
+#include "wheel/RecordingCanvas.h"
+#include "wheel/WheelPaint.h"
+#include "wheel/WheelTables.h"
 #include "wheel/qt/WheelRender.h"
 #include "wheel/ui/Wheels.h"
 
@@ -54,6 +63,55 @@ Program& TheProgram() {
     return p;
 }
 
+// The wheels of the benchmark charts, with the shipped orbs and label
+// tables.
+struct Wheels {
+    std::vector<kal::WheelChart> charts;
+    kal::WheelTables tables;
+};
+Wheels& BenchWheels() {
+    static Wheels w = [] {
+        Wheels w;
+        kal::Session& s = kal::bench::BenchSession();
+        const auto& set = kal::bench::BenchCharts();
+        kal::LoadWheelTables(s.paths.AppPath, w.tables);
+        kal::LoadWheelOrbs(s.paths.OrbFilePath, s.listing.orbs);
+        for (std::size_t i = 0; i < set.inputs.size(); ++i) {
+            s.calc.HouseSystem = set.houses[i];
+            s.Calculate(set.inputs[i]);
+            w.charts.push_back(
+                kal::WheelChartOf(s.calc.chart, s.listing.HeaderLines, s.listing.HeaderLines2));
+        }
+        return w;
+    }();
+    return w;
+}
+
+// The wheel of chart i painted on a recording canvas the size of a large
+// window.
+void PaintRecorded(std::size_t i) {
+    Wheels& w = BenchWheels();
+    kal::Session& s = kal::bench::BenchSession();
+    kal::RecordingCanvas canvas;
+    const kal::WheelStyle style;
+    kal::WheelPaintInput in{w.charts[i], style,  s.options, s.listing.orbs.WheelOrbs,
+                            w.tables,    nullptr};
+    benchmark::DoNotOptimize(kal::PaintWheel(canvas, kal::WindowView(1200, 880), in));
+}
+
+const kal::bench::Workloads& Workloads() {
+    static const kal::bench::Workloads w = {
+        {"wheel", {PaintRecorded, [] { BenchWheels(); }}},
+    };
+    return w;
+}
+
+void BM_WheelPaintRecording(benchmark::State& state) {
+    const std::size_t n = BenchWheels().charts.size();
+    std::size_t i = 0;
+    for (auto _ : state) PaintRecorded(i++ % n);
+}
+
 void BM_WheelPaintQt(benchmark::State& state) {
     Program& p = TheProgram();
     QImage image(1200, 880, QImage::Format_RGB32);
@@ -62,7 +120,6 @@ void BM_WheelPaintQt(benchmark::State& state) {
         benchmark::DoNotOptimize(p.wheel->paintWheel(painter, image.rect()));
     }
 }
-BENCHMARK(BM_WheelPaintQt)->Unit(benchmark::kMillisecond);
 
 void BM_TimeStep(benchmark::State& state) {
     Program& p = TheProgram();
@@ -72,15 +129,17 @@ void BM_TimeStep(benchmark::State& state) {
         QApplication::processEvents();
     }
 }
-BENCHMARK(BM_TimeStep)->Unit(benchmark::kMillisecond);
+void Register() {
+    benchmark::RegisterBenchmark("BM_WheelPaintRecording", BM_WheelPaintRecording)
+        ->Unit(benchmark::kMicrosecond);
+    benchmark::RegisterBenchmark("BM_WheelPaintQt", BM_WheelPaintQt)->Unit(benchmark::kMillisecond);
+    benchmark::RegisterBenchmark("BM_TimeStep", BM_TimeStep)->Unit(benchmark::kMillisecond);
+}
 
 } // namespace
 
 int main(int argc, char** argv) {
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return kal::bench::Main(argc, argv, Register, Workloads());
 }
