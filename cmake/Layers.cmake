@@ -2,7 +2,7 @@
 # below it, and a build-time check that no source file includes a header of
 # a folder it may not use, and that no core file includes Qt.
 #
-#   kaltrova_layer(FOLDER [DEPENDS folder...] [QT component...] [LIBS target...])
+#   kaltrova_layer(FOLDER [DEPENDS folder...] [QT component...] [LIBS target...] [QT_GUARDED])
 #
 # FOLDER is a folder of src/ ("chart", "birthdata/ui"); its library is
 # kaltrova_<folder with / as _>, built from the folder's own .cpp files
@@ -10,7 +10,8 @@
 # yet gives an interface library, so that later code drops in. DEPENDS are
 # the folders right below it; what they may use, it may use too. QT lists
 # the Qt 6 components the folder may include; a folder without QT may not
-# include Qt at all.
+# include Qt at all, unless QT_GUARDED says its Qt includes sit under a
+# build switch that is off in this configuration (nothing of Qt is linked).
 set_property(GLOBAL PROPERTY KALTROVA_LAYERS "")
 
 function(kaltrova_layer_target folder out)
@@ -19,7 +20,7 @@ function(kaltrova_layer_target folder out)
 endfunction()
 
 function(kaltrova_layer folder)
-  cmake_parse_arguments(L "" "" "DEPENDS;QT;LIBS" ${ARGN})
+  cmake_parse_arguments(L "QT_GUARDED" "" "DEPENDS;QT;LIBS" ${ARGN})
   kaltrova_layer_target(${folder} target)
   set(dir ${CMAKE_SOURCE_DIR}/src/${folder})
   file(GLOB sources CONFIGURE_DEPENDS ${dir}/*.cpp)
@@ -49,6 +50,10 @@ function(kaltrova_layer folder)
     endif()
   endforeach()
   set_property(GLOBAL PROPERTY KALTROVA_QT_${folder} ${qt_allowed})
+  set(qt_linked ${qt_allowed})
+  if(L_QT_GUARDED)
+    set(qt_allowed 1)
+  endif()
   string(REPLACE ";" "," allowed_list "${allowed}")
   set_property(GLOBAL APPEND PROPERTY KALTROVA_LAYERS "${folder}|${qt_allowed}|${allowed_list}")
 
@@ -67,7 +72,7 @@ function(kaltrova_layer folder)
     target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(${target} PUBLIC ${dep_targets} ${qt_targets} ${L_LIBS})
     add_dependencies(${target} layer_check)
-    if(qt_allowed)
+    if(qt_linked)
       set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOUIC ON
                             AUTOUIC_SEARCH_PATHS ${dir})
     endif()
