@@ -41,6 +41,46 @@ double HeaderBlock(Canvas& canvas, const HeaderTable& lines, double x, double y,
     return y;
 }
 
+// Draws nothing; keeps the box around everything a paint would draw, with
+// text measured by another canvas (its line box: the advance across, the
+// line height down from the top).
+class ExtentCanvas : public Canvas {
+  public:
+    explicit ExtentCanvas(Canvas& measurer) : measurer_(measurer) {}
+
+    void fill(Rgb) override {}
+    void line(double x1, double y1, double x2, double y2, Rgb) override {
+        add({std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)});
+    }
+    void circle(double cx, double cy, double radius, Rgb) override {
+        add({cx - radius, cy - radius, cx + radius, cy + radius});
+    }
+    void text(double x, double y, std::string_view text, const Font& font, Rgb) override {
+        TextSize t = measure(text, font);
+        add({x, y - std::fabs(t.height), x + t.width, y});
+    }
+    TextSize measure(std::string_view text, const Font& font) override {
+        return measurer_.measure(text, font);
+    }
+
+    const Box& extent() const { return extent_; }
+
+  private:
+    void add(const Box& b) {
+        if (!any_) {
+            extent_ = b;
+            any_ = true;
+            return;
+        }
+        extent_ = {std::min(extent_.left, b.left), std::min(extent_.bottom, b.bottom),
+                   std::max(extent_.right, b.right), std::max(extent_.top, b.top)};
+    }
+
+    Canvas& measurer_;
+    Box extent_;
+    bool any_ = false;
+};
+
 } // namespace
 
 WheelOptions WheelOptions::For(Medium m, const Options& o, bool printFormMode) {
@@ -247,7 +287,12 @@ void DrawLabelColumn(Canvas& canvas, const WheelOptions& o, const LabelSteps& st
     }
 }
 
-WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintInput& in) {
+namespace {
+
+// Everything the wheel draws about its centre: the frame, cusp labels,
+// intercepted signs, planet glyphs with their columns and the aspect lines
+// (not the header, which keeps to the edges of the view).
+WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInput& in) {
     const WheelChart& w = in.chart;
     const Options& opt = in.options;
     const bool window = view.medium == Medium::Window;
@@ -351,22 +396,6 @@ WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintIn
         }
         double top = y + (rowHeight / 2 - 4) + (rowHeight / 2 + 2) * std::sin(a * Rad);
         Box row{l.x[0], top - rowAscent, l.x[4] + size[4].width, top};
-        // Above and below the wheel a window leaves little room: a row that
-        // would leave it comes back inside and moves aside, clear of the rim.
-        double dy =
-            std::min(0.0, view.top - 0.5 - row.top) + std::max(0.0, view.bottom + 0.5 - row.bottom);
-        if (view.medium == Medium::Window && dy != 0) {
-            const double side = std::cos(a * Rad) >= 0 ? 1 : -1;
-            row = {row.left, row.bottom + dy, row.right, row.top + dy};
-            top += dy;
-            double dx = 0;
-            while (dx < 150 &&
-                   Box{row.left + dx, row.bottom, row.right + dx, row.top}.nearestToCentre() <
-                       OuterRadius + 1)
-                dx += side;
-            row = {row.left + dx, row.bottom, row.right + dx, row.top};
-            for (double& cx : l.x) cx += dx;
-        }
         // Cusps a few degrees apart would write over each other: a row that
         // meets a label already placed moves to the nearest clear place, up
         // or down at the sides of the wheel, sideways above and below it.
@@ -455,6 +484,17 @@ WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintIn
         }
     }
 
+    return layout;
+}
+
+} // namespace
+
+WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintInput& in) {
+    WheelLayout layout = PaintRing(canvas, view, in);
+    const WheelChart& w = in.chart;
+    const bool window = view.medium == Medium::Window;
+    const WheelOptions o =
+        WheelOptions::For(view.medium, in.options, window && in.style.PrintFormMode);
     if (window) {
         const Font font{Face::Sans, o.headerSize};
         const Rgb colour = PaletteColour(o.headerColour);
@@ -465,6 +505,30 @@ WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintIn
         PaintPrintedHeader(canvas, view, in, o);
     }
     return layout;
+}
+
+WheelView FitView(Canvas& measurer, const WheelView& view, const WheelPaintInput& in,
+                  double margin) {
+    // The header keeps to the edges whatever the view; the ring does not
+    // move with them.
+    ExtentCanvas extent(measurer);
+    PaintRing(extent, view, in);
+    const Box& e = extent.extent();
+    double f = 1;
+    auto need = [&](double reach, double edge) {
+        if (edge != 0) f = std::max(f, reach / edge);
+    };
+    need(e.right + margin, view.right);
+    need(e.left - margin, view.left);
+    need(e.top + margin, view.top);
+    need(e.bottom - margin, view.bottom);
+    WheelView v = view;
+    v.R *= f;
+    v.left *= f;
+    v.right *= f;
+    v.top *= f;
+    v.bottom *= f;
+    return v;
 }
 
 void PaintPrintedHeader(Canvas& canvas, const WheelView& view, const WheelPaintInput& in,

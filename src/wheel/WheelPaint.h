@@ -84,6 +84,14 @@ struct WheelPaintInput {
 // Draws the whole wheel on the canvas for the view's medium.
 WheelLayout PaintWheel(Canvas& canvas, const WheelView& view, const WheelPaintInput& in);
 
+// The view widened about the wheel's centre, keeping its shape, just enough
+// that the wheel with all its labels (the cusp labels reach past the outer
+// circle) stays inside it, with `margin` units to spare; the header keeps
+// to the edges of whatever view it is given. The view itself when the
+// wheel fits. Text is measured with `measurer`, which draws nothing.
+WheelView FitView(Canvas& measurer, const WheelView& view, const WheelPaintInput& in,
+                  double margin = 2);
+
 // The printed page's header blocks, personal header (option 174) and aspect
 // grid (option 178).
 void PaintPrintedHeader(Canvas& canvas, const WheelView& view, const WheelPaintInput& in,

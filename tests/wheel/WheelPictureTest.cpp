@@ -4,6 +4,7 @@
 // many real charts in both styles.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <sstream>
@@ -105,3 +106,87 @@ INSTANTIATE_TEST_SUITE_P(HouseSystems, WheelPicture,
                          ::testing::Values('P', 'R', 'K', 'C', 'O', 'B', 'T'));
 
 } // namespace
+
+namespace {
+
+// The box of every drawing call: a line's ends, a circle's square, a
+// text's ink.
+Box Drawn(const DrawCall& c) {
+    switch (c.kind) {
+    case DrawCall::Line:
+        return {std::min(c.x1, c.x2), std::min(c.y1, c.y2), std::max(c.x1, c.x2),
+                std::max(c.y1, c.y2)};
+    case DrawCall::Circle:
+        return {c.x1 - c.radius, c.y1 - c.radius, c.x1 + c.radius, c.y1 + c.radius};
+    case DrawCall::Text:
+        return InkBox(c);
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+TEST(WheelFit, EverythingDrawnStaysInsideTheAreaWhateverItsShape) {
+    WheelCharts charts;
+    struct Area {
+        const char* name;
+        WheelView nominal;
+    };
+    const Area areas[] = {
+        {"square", WindowView(600, 600)},
+        {"a little wider than tall", WindowView(1000, 955)},
+        // The half-page print: the window maximised on an 800 by 800 screen,
+        // less its menu bar.
+        {"half page", WindowView(800, 770)},
+        {"wide", WindowView(1024, 768)},
+        {"very wide", WindowView(1200, 400)},
+        {"tall", WindowView(500, 800)},
+        {"narrow", WindowView(300, 900)},
+        {"printed American", PrinterView(ChartStyle::American)},
+        {"printed European", PrinterView(ChartStyle::European)},
+    };
+    std::vector<std::string> records = Records();
+    records.resize(std::min<size_t>(records.size(), 12));
+    records.push_back("Helsinki,06 Dec 1917,12.00,P,-2,-024.56,60.10,");
+    for (const std::string& record : records) {
+        WheelChart chart = charts.Chart(record, 'K');
+        for (ChartStyle type : {ChartStyle::American, ChartStyle::European}) {
+            WheelStyle style;
+            style.type = type;
+            PrintedPage page{std::vector<std::string>{"A. Astrologer", "12 Any Street"}};
+            WheelPaintInput in{chart, style, charts.s.options, charts.orbs(), charts.tables, &page};
+            for (const Area& a : areas) {
+                SCOPED_TRACE(record + ", " + a.name +
+                             (type == ChartStyle::American ? ", American" : ", European"));
+                RecordingCanvas measurer;
+                const WheelView v = FitView(measurer, a.nominal, in);
+                // Widened about the centre with the area's shape: the wheel
+                // is never drawn larger than the window's scale asks.
+                EXPECT_GE(v.R, a.nominal.R);
+                EXPECT_NEAR(v.width() / v.height(), a.nominal.width() / a.nominal.height(), 1e-9);
+                EXPECT_NEAR(v.left / a.nominal.left, v.R / a.nominal.R, 1e-9);
+                EXPECT_NEAR(v.bottom / a.nominal.bottom, v.R / a.nominal.R, 1e-9);
+
+                RecordingCanvas c;
+                PaintWheel(c, v, in);
+                double reach = 0; // the largest share of an edge's distance reached
+                for (const DrawCall& call : c.calls()) {
+                    Box b = Drawn(call);
+                    if (call.kind == DrawCall::Fill || (call.kind == DrawCall::Text && b.empty()))
+                        continue;
+                    EXPECT_TRUE(b.left >= v.left && b.right <= v.right && b.bottom >= v.bottom &&
+                                b.top <= v.top)
+                        << "'" << call.text << "' kind " << call.kind << " spans " << b.left << ".."
+                        << b.right << " x " << b.bottom << ".." << b.top;
+                    reach = std::max({reach, b.right / v.right, b.left / v.left, b.top / v.top,
+                                      b.bottom / v.bottom});
+                }
+                // A widened view is no wider than the drawing needs.
+                if (v.R > a.nominal.R) {
+                    EXPECT_GT(reach, 0.95);
+                }
+            }
+        }
+    }
+}

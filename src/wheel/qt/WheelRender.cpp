@@ -19,8 +19,12 @@ namespace kal {
 
 WheelLayout RenderWheel(QPainter& painter, const QRectF& target, const WheelView& view,
                         const WheelPaintInput& in, double lineWidth) {
-    QtCanvas canvas(painter, view, target, lineWidth);
-    return PaintWheel(canvas, view, in);
+    // Text measures the same whatever the mapping, so the view is fitted
+    // with a canvas on the nominal view and drawn with one on the fitted.
+    QtCanvas measurer(painter, view, target, lineWidth);
+    const WheelView fitted = FitView(measurer, view, in);
+    QtCanvas canvas(painter, fitted, target, lineWidth);
+    return PaintWheel(canvas, fitted, in);
 }
 
 std::optional<ExportFormat> ExportFormatOf(const std::filesystem::path& file) {

@@ -16,7 +16,8 @@ class QPainter;
 namespace kal {
 
 // Paints the wheel of `view` into `target` (the painter's device
-// coordinates). `lineWidth` in wheel units, 0 for one device pixel.
+// coordinates), the view widened where the drawing reaches past it. `lineWidth` in wheel units, 0
+// for one device pixel.
 WheelLayout RenderWheel(QPainter& painter, const QRectF& target, const WheelView& view,
                         const WheelPaintInput& in, double lineWidth = 0);
 
