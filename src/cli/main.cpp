@@ -3,6 +3,7 @@
 #include <cmath>
 #include <condition_variable>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <functional>
@@ -104,6 +105,39 @@ fs::path BatchFile(const fs::path& out, int number, const std::string& name) {
     std::snprintf(num, sizeof num, "-%03d-", number);
     return out.parent_path() / (out.stem().string() + num + safe + out.extension().string());
 }
+
+// A runtime directory of the command's own while it draws. Qt looks into
+// the user's runtime directory when it starts (for a display server's
+// socket) and complains on the standard error when XDG_RUNTIME_DIR is not
+// set, as under cron, ssh without a session or a container; an empty private
+// directory answers it and goes when the command ends.
+class PrivateRuntimeDir {
+  public:
+    PrivateRuntimeDir() {
+        const char* set = std::getenv("XDG_RUNTIME_DIR");
+        if (set && *set) return;
+        std::error_code ec;
+        fs::path tmp = fs::temp_directory_path(ec);
+        if (ec) tmp = "/tmp";
+        std::string name = (tmp / "kaltrova-cli-XXXXXX").string();
+        // mkdtemp makes it readable and writable by its owner only, as a
+        // runtime directory must be.
+        if (!mkdtemp(name.data())) return;
+        dir_ = name;
+        setenv("XDG_RUNTIME_DIR", name.c_str(), 1);
+    }
+    ~PrivateRuntimeDir() {
+        if (dir_.empty()) return;
+        unsetenv("XDG_RUNTIME_DIR");
+        std::error_code ec;
+        fs::remove_all(dir_, ec);
+    }
+    PrivateRuntimeDir(const PrivateRuntimeDir&) = delete;
+    PrivateRuntimeDir& operator=(const PrivateRuntimeDir&) = delete;
+
+  private:
+    fs::path dir_;
+};
 
 // Draws the calculated chart's wheel into a file, as the wheel window
 // would: the orb file's orbs, the shipped label tables, the options.
@@ -521,9 +555,11 @@ int main(int argc, char** argv) {
 #ifdef KALTROVA_WHEEL_EXPORT
     // The wheel is drawn through Qt's painter; without a display, on the
     // offscreen platform.
+    std::unique_ptr<PrivateRuntimeDir> runtimeDir;
     std::unique_ptr<QGuiApplication> gui;
     int guiArgc = 1;
     if (isWheel) {
+        runtimeDir = std::make_unique<PrivateRuntimeDir>();
         if (!std::getenv("QT_QPA_PLATFORM") && !std::getenv("DISPLAY") &&
             !std::getenv("WAYLAND_DISPLAY"))
             setenv("QT_QPA_PLATFORM", "offscreen", 1);

@@ -273,6 +273,27 @@ TEST(CliWheel, SvgPngAndPdfInBothStyles) {
     EXPECT_NE(kal::ReadFileBytes(out / "american.svg"), kal::ReadFileBytes(out / "european.svg"));
 }
 
+TEST(CliWheel, SilentOnTheStandardErrorWithoutASession) {
+    // As under cron or a container: no display, no runtime directory.
+    kal::test::ScratchAppDir dir;
+    const auto tmp = dir.path() / "tmp";
+    std::filesystem::create_directories(tmp);
+    const std::string bare = "env -u XDG_RUNTIME_DIR -u DISPLAY -u WAYLAND_DISPLAY -u "
+                             "QT_QPA_PLATFORM TMPDIR=" +
+                             ShellQuote(tmp.string()) + " ";
+    for (const char* ext : {"png", "svg", "pdf"}) {
+        auto file = dir.path() / (std::string("quiet.") + ext);
+        auto r =
+            RunShell(bare + Cli(dir.path(), "wheel --out " + ShellQuote(file.string()) +
+                                                " --record " + ShellQuote(kExample) + " 2>&1"));
+        EXPECT_EQ(r.status, 0) << ext;
+        EXPECT_EQ(r.out, "") << ext; // standard error and output together
+        EXPECT_TRUE(std::filesystem::exists(file)) << ext;
+    }
+    // Nothing is left behind in the temporary folder.
+    EXPECT_TRUE(std::filesystem::is_empty(tmp));
+}
+
 TEST(CliWheel, BatchNamesEachFileAndBadArgumentsAreRefused) {
     kal::test::ScratchAppDir dir;
     dir.Write("TWO.FIL", kExample + "\r\nO'Brien Jr,03 Jan 1988,12.05,P,-10,-151.12,-33.52,\r\n");
