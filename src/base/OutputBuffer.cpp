@@ -8,9 +8,18 @@
 
 namespace kal {
 
+void OutputBuffer::NextAllLine() {
+    if (emptied_.empty()) {
+        AllLines.emplace_back();
+    } else {
+        AllLines.push_back(std::move(emptied_.back()));
+        emptied_.pop_back();
+    }
+}
+
 void OutputBuffer::AppendOutLine() {
     AllLines.back() = OutLine;
-    AllLines.emplace_back();
+    NextAllLine();
     PageLines.back() = OutLine;
     PageLines.emplace_back();
 }
@@ -22,7 +31,7 @@ void OutputBuffer::AppendBlankLine() {
 
 void OutputBuffer::Append(std::string line) {
     AllLines.back() = line;
-    AllLines.emplace_back();
+    NextAllLine();
     PageLines.back() = std::move(line);
     PageLines.emplace_back();
 }
@@ -32,7 +41,15 @@ void OutputBuffer::ClearDataPage() {
 }
 
 void OutputBuffer::ClearAllLines() {
-    AllLines.assign(1, std::string());
+    // The lines are kept, emptied, for the appends that follow (as many as
+    // a few pages need: a long session's lines are let go).
+    constexpr size_t kKept = 2048;
+    for (size_t i = 1; i < AllLines.size() && emptied_.size() < kKept; ++i) {
+        AllLines[i].clear();
+        emptied_.push_back(std::move(AllLines[i]));
+    }
+    AllLines.resize(1);
+    AllLines.front().clear();
 }
 
 std::filesystem::path LastPagePath(const std::filesystem::path& appPath) {

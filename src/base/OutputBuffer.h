@@ -28,6 +28,12 @@ struct OutputBuffer {
     void ClearDataPage();
     // Empties AllLines ("Clear all data").
     void ClearAllLines();
+
+  private:
+    // The next spare element of AllLines: a line emptied by the last clear,
+    // so that copying a line into it reuses that line's storage.
+    void NextAllLine();
+    std::vector<std::string> emptied_;
 };
 
 // The page file the data window shows.
