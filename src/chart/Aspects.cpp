@@ -198,11 +198,24 @@ AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
 
 namespace {
 
-// Whole degrees right-aligned in `width`, then "d ", the minutes (rounded)
-// and "m".
-void AppendDegreesMinutes(std::string& out, double v, const char* pattern, size_t width) {
+// A whole number below 1000 right-aligned in `width` (at least its digits).
+void AppendSmallWhole(std::string& out, unsigned n, size_t width) {
+    char cell[8];
+    char* const end = cell + sizeof cell;
+    char* b = end;
+    do {
+        *--b = static_cast<char>('0' + n % 10);
+        n /= 10;
+    } while (n != 0 && b > cell);
+    while (static_cast<size_t>(end - b) < width && b > cell) *--b = ' ';
+    out.append(b, end);
+}
+
+// Whole degrees (v is 0 to 180) right-aligned in `width`, then "d ", the
+// minutes (rounded) and "m".
+void AppendDegreesMinutes(std::string& out, double v, size_t width) {
     const double whole = std::floor(v);
-    AppendRight(out, width, whole, pattern);
+    AppendSmallWhole(out, static_cast<unsigned>(whole), width);
     out += "d ";
     AppendNumber(out, (v - whole) * 60, "00");
     out += 'm';
@@ -210,7 +223,7 @@ void AppendDegreesMinutes(std::string& out, double v, const char* pattern, size_
 
 // The exact angle right-aligned in three characters, then two blanks.
 void AppendAngleCell(std::string& out, int angle) {
-    AppendRight(out, 3, angle, angle < 10 ? "0" : angle < 100 ? "00" : "000");
+    AppendSmallWhole(out, static_cast<unsigned>(angle), 3);
     out += "  ";
 }
 
@@ -254,9 +267,9 @@ Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, 
             detail += "  ";
             AppendLeft(detail, key, 11);
             AppendLeft(detail, PlanetKey[static_cast<size_t>(k)], 11);
-            AppendDegreesMinutes(detail, h.sep, "##0", 3);
+            AppendDegreesMinutes(detail, h.sep, 3);
             detail += "       ";
-            AppendDegreesMinutes(detail, std::fabs(h.dev), "#0", 4);
+            AppendDegreesMinutes(detail, std::fabs(h.dev), 4);
             detail += "\r\n";
         }
         out.Append(std::move(line));
