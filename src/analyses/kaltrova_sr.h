@@ -105,11 +105,7 @@ class CareerRules {
   private:
     // One factor line: two blanks and the sentence made of `parts`.
     template <class... Parts> void Line(const Parts&... parts) {
-        std::string line;
-        line.reserve((size_t{2} + ... + std::string_view(parts).size()));
-        line += "  ";
-        (line.append(std::string_view(parts)), ...);
-        out_.Append(std::move(line));
+        out_.AppendJoined("  ", parts...);
     }
     void Blank();
     // The MC and intercepted-sign rules: "<sign> is ... its ruler is X",

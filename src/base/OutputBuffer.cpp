@@ -8,20 +8,46 @@
 
 namespace kal {
 
-void OutputBuffer::NextAllLine() {
-    if (emptied_.empty()) {
-        AllLines.emplace_back();
+namespace {
+
+// The next spare element of `lines`, from the emptied ones when there are.
+void NextLine(std::vector<std::string>& lines, std::vector<std::string>& emptied) {
+    if (emptied.empty()) {
+        lines.emplace_back();
     } else {
-        AllLines.push_back(std::move(emptied_.back()));
-        emptied_.pop_back();
+        lines.push_back(std::move(emptied.back()));
+        emptied.pop_back();
     }
+}
+
+// Empties `lines` to their one spare element; the lines are kept, emptied,
+// for the appends that follow (as many as a few pages need: a long
+// session's lines are let go).
+void ClearLines(std::vector<std::string>& lines, std::vector<std::string>& emptied) {
+    constexpr size_t kKept = 2048;
+    for (size_t i = 1; i < lines.size() && emptied.size() < kKept; ++i) {
+        lines[i].clear();
+        emptied.push_back(std::move(lines[i]));
+    }
+    lines.resize(1);
+    lines.front().clear();
+}
+
+} // namespace
+
+void OutputBuffer::NextAllLine() {
+    NextLine(AllLines, emptied_);
+}
+
+void OutputBuffer::NextPageLine() {
+    NextLine(PageLines, emptiedPage_);
 }
 
 void OutputBuffer::AppendOutLine() {
     AllLines.back() = OutLine;
     NextAllLine();
     PageLines.back() = OutLine;
-    PageLines.emplace_back();
+    NextPageLine();
 }
 
 void OutputBuffer::AppendBlankLine() {
@@ -33,23 +59,15 @@ void OutputBuffer::Append(std::string line) {
     AllLines.back() = line;
     NextAllLine();
     PageLines.back() = std::move(line);
-    PageLines.emplace_back();
+    NextPageLine();
 }
 
 void OutputBuffer::ClearDataPage() {
-    PageLines.assign(1, std::string());
+    ClearLines(PageLines, emptiedPage_);
 }
 
 void OutputBuffer::ClearAllLines() {
-    // The lines are kept, emptied, for the appends that follow (as many as
-    // a few pages need: a long session's lines are let go).
-    constexpr size_t kKept = 2048;
-    for (size_t i = 1; i < AllLines.size() && emptied_.size() < kKept; ++i) {
-        AllLines[i].clear();
-        emptied_.push_back(std::move(AllLines[i]));
-    }
-    AllLines.resize(1);
-    AllLines.front().clear();
+    ClearLines(AllLines, emptied_);
 }
 
 std::filesystem::path LastPagePath(const std::filesystem::path& appPath) {

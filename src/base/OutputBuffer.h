@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kal {
@@ -24,6 +25,17 @@ struct OutputBuffer {
     // Appends a line composed elsewhere to both lists, as AppendOutLine
     // would from OutLine (OutLine itself is left as it was).
     void Append(std::string line);
+    // Appends the line made of `parts` (anything a string_view is made
+    // from), composed in place in the lines' own storage; no part may be a
+    // view of the buffer's own lines.
+    template <class... Parts> void AppendJoined(const Parts&... parts) {
+        std::string& line = PageLines.back();
+        line.clear();
+        (line.append(std::string_view(parts)), ...);
+        AllLines.back() = line;
+        NextAllLine();
+        NextPageLine();
+    }
     // Empties the current page.
     void ClearDataPage();
     // Empties AllLines ("Clear all data").
@@ -33,7 +45,9 @@ struct OutputBuffer {
     // The next spare element of AllLines: a line emptied by the last clear,
     // so that copying a line into it reuses that line's storage.
     void NextAllLine();
-    std::vector<std::string> emptied_;
+    // The same for PageLines.
+    void NextPageLine();
+    std::vector<std::string> emptied_, emptiedPage_;
 };
 
 // The page file the data window shows.
