@@ -48,6 +48,38 @@ TEST(TextFile, FindsFilesWithoutRegardToCase) {
     EXPECT_EQ(FindFile(dir.path(), "absent.txt").filename(), "absent.txt");
 }
 
+// Lines emptied by a clear are used again by later appends: none of their
+// old text may show, in either list, whichever way a line is appended.
+TEST(OutputBuffer, LinesReusedAfterAClearCarryNothingOver) {
+    OutputBuffer out;
+    for (int round = 0; round < 3; ++round) {
+        const std::string tag = std::to_string(round);
+        out.ClearAllLines();
+        out.ClearDataPage();
+        out.AppendJoined("  ", "a rather long joined line that needs storage ", tag);
+        out.AppendBlankLine();
+        out.OutLine = "out " + tag;
+        out.AppendOutLine();
+        out.Append("moved " + tag);
+        out.AppendJoined("x");
+        const std::vector<std::string> want = {
+            "  a rather long joined line that needs storage " + tag,
+            "",
+            "out " + tag,
+            "moved " + tag,
+            "x",
+            ""};
+        EXPECT_EQ(out.AllLines, want) << round;
+        EXPECT_EQ(out.PageLines, want) << round;
+        // A second page on the same lines since the last clear.
+        out.ClearDataPage();
+        out.AppendJoined("p", tag);
+        EXPECT_EQ(out.PageLines, (std::vector<std::string>{"p" + tag, ""})) << round;
+        EXPECT_EQ(out.AllCount(), 6u) << round;
+        EXPECT_EQ(out.AllLines[5], "p" + tag) << round;
+    }
+}
+
 TEST(OutputBuffer, KeepsOneSpareElementAndShowsThePage) {
     kal::test::ScratchAppDir dir;
     OutputBuffer out;
