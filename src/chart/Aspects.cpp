@@ -217,7 +217,20 @@ void AppendDegreesMinutes(std::string& out, double v, size_t width) {
     const double whole = std::floor(v);
     AppendSmallWhole(out, static_cast<unsigned>(whole), width);
     out += "d ";
-    AppendNumber(out, (v - whole) * 60, "00");
+    // The minutes, 0 to 60, rounded half away from zero in two digits. Away
+    // from a half, rounding to the formatter's 15 digits first cannot carry
+    // the value across it, so the whole minute is plain; near a half the
+    // formatter decides.
+    const double minutes = (v - whole) * 60;
+    const double m = std::floor(minutes);
+    const double f = minutes - m;
+    if (std::fabs(f - 0.5) > 1e-9) {
+        const unsigned n = static_cast<unsigned>(m) + (f > 0.5 ? 1 : 0);
+        out += static_cast<char>('0' + n / 10);
+        out += static_cast<char>('0' + n % 10);
+    } else {
+        AppendNumber(out, minutes, "00");
+    }
     out += 'm';
 }
 
