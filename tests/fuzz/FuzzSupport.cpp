@@ -1,0 +1,72 @@
+#include "FuzzSupport.h"
+
+#include <cstdio>
+#include <fstream>
+#include <memory>
+
+#include "TestSupport.h"
+
+namespace kal::fuzz {
+
+namespace fs = std::filesystem;
+
+namespace {
+test::ScratchAppDir*& Scratch() {
+    static test::ScratchAppDir* dir = nullptr;
+    return dir;
+}
+void RemoveScratch() {
+    delete Scratch();
+    Scratch() = nullptr;
+}
+} // namespace
+
+const fs::path& Dir() {
+    if (!Scratch()) {
+        Scratch() = new test::ScratchAppDir();
+        std::atexit(RemoveScratch);
+    }
+    return Scratch()->path();
+}
+
+Session& FuzzSession() {
+    static Session* session = [] {
+        auto* s = new Session();
+        s->Open(Dir());
+        s->Calculate(ExampleInput());
+        return s;
+    }();
+    return *session;
+}
+
+fs::path WriteInput(std::string_view name, const uint8_t* data, size_t size) {
+    fs::path file = Dir() / std::string(name);
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    return file;
+}
+
+InputFields ExampleInput() {
+    InputFields in;
+    in.txtName = "Example";
+    in.txtMonth = "5";
+    in.txtDay = "12";
+    in.txtYear = "1959";
+    in.txtBirthHour = "10";
+    in.txtBirthMinute = "43";
+    in.optAM = true;
+    in.txtTZ = "6";
+    in.txtLongDeg = "75";
+    in.txtLongMin = "23";
+    in.txtLatDeg = "39";
+    in.txtLatMin = "45";
+    in.txtEmail = "me@example.org";
+    return in;
+}
+
+void Fail(std::string_view what) {
+    std::fprintf(stderr, "property failed: %.*s\n", static_cast<int>(what.size()), what.data());
+    std::abort();
+}
+
+} // namespace kal::fuzz
