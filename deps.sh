@@ -5,7 +5,8 @@ set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config libswe-dev swe-basic-data swetest
           googletest libgtest-dev qt6-base-dev qt6-svg-dev libgl-dev
           fonts-liberation2 fonts-dejavu-core xauth xvfb python3 clang-format
-          libhowardhinnant-date-dev tzdata libbenchmark-dev valgrind)
+          libhowardhinnant-date-dev tzdata libbenchmark-dev valgrind clang libclang-rt-14-dev
+          llvm)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

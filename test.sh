@@ -1,5 +1,8 @@
 #!/usr/bin/env bash
-# Builds Kaltrova and runs every test (core and windows).
+# Builds Kaltrova and runs every test (core and windows); then builds it
+# again with clang's address and undefined-behaviour sanitizers, runs every
+# test there, and runs each fuzz target for a few seconds (tools/fuzz.sh).
+# KALTROVA_SANITIZE=0 skips the second build.
 set -euo pipefail
 cd "$(dirname "$0")"
 ./deps.sh
@@ -7,3 +10,7 @@ cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build build -j"$(nproc)"
 export QT_QPA_PLATFORM=offscreen
 ctest --test-dir build --output-on-failure -j"$(nproc)"
+
+[ "${KALTROVA_SANITIZE:-1}" = 0 ] && exit 0
+tools/sanitize.sh
+tools/fuzz.sh "${KALTROVA_FUZZ_SECONDS:-5}"

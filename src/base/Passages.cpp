@@ -74,8 +74,9 @@ std::filesystem::path FindTextFile(const std::filesystem::path& dir, std::string
     std::string upper = Upper(name);
     for (const Alias& a : TextFileAliases) {
         if (upper != a.formed) continue;
-        std::filesystem::path shipped = FindFile(dir, a.shipped);
-        if (std::filesystem::exists(shipped, ec)) return shipped;
+        // Found or not, the file is the one of the shipped name: the message
+        // of a missing file names the file the user can look for.
+        return FindFile(dir, a.shipped);
     }
     return found;
 }

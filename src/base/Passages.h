@@ -44,7 +44,8 @@ std::optional<Passage> FindPassage(const std::vector<std::string>& lines, std::s
 // three letters of its caption ("SIGN_Cap.TXT") where the files, as the
 // report names them, carry the sign's abbreviation "Cpr"; either name finds
 // the file. A leading "\" or "/" is ignored. When nothing matches, the path
-// is dir / name as given (for the missing-file message).
+// is dir / name as given (for the missing-file message), Capricorn's under
+// the name the file ships as.
 std::filesystem::path FindTextFile(const std::filesystem::path& dir, std::string_view name);
 
 // The message of a text file that cannot be opened: "Cannot find the file

@@ -80,6 +80,10 @@ TEST(Passages, TextFilesAreFoundWithoutRegardToCaseAndCapricornEitherWay) {
     EXPECT_EQ(FindTextFile(dir.path(), "SIGN_Cap.TXT"), dir.path() / "SIGN_CAP.TXT");
     // Nothing matches: the name as given, for the message.
     EXPECT_EQ(FindTextFile(dir.path(), "\\NOPE.TXT"), dir.path() / "NOPE.TXT");
+    // A missing Capricorn file is named as it ships, whichever name asked.
+    std::filesystem::remove(dir.path() / "SIGN_Cpr.TXT");
+    std::filesystem::remove(dir.path() / "SIGN_CAP.TXT");
+    EXPECT_EQ(FindTextFile(dir.path(), "\\SIGN_Cap.TXT"), dir.path() / "SIGN_Cpr.TXT");
     EXPECT_EQ(CannotFindFileMessage(dir.path() / "NOPE.TXT").text,
               "Cannot find the file called " + (dir.path() / "NOPE.TXT").string() + ".");
 }
