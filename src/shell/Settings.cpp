@@ -45,6 +45,12 @@ bool Positive(double v) {
 bool ReadableFontSize(double v) {
     return v >= 7.75;
 }
+// A number the file holds in plain digits. One of 1e15 and more, or of a
+// size below 1e-14, would be written as "1E+16" and read back at the next
+// start as 1: such a value is refused like any other that fails its check.
+bool PlainNumber(double v) {
+    return NumText(v).find('E') == std::string::npos;
+}
 
 // A number key stored in `field`: doubles as read, 16-bit fields rounded;
 // a value that fails `accept` leaves the field as it was.
@@ -53,7 +59,7 @@ Key Number(const char* name, T Settings::*field, bool (*accept)(double) = AnyNum
     return {name, [field](const Values& v) { return NumText(v.s.*field); },
             [field, accept](const std::string& text, Values& v) {
                 double x = Val(text);
-                if (!accept(x)) return;
+                if (!PlainNumber(x) || !accept(x)) return;
                 if constexpr (std::is_same_v<T, short>)
                     v.s.*field = ToShort(x);
                 else

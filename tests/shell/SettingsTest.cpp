@@ -42,6 +42,29 @@ TEST(Settings, ChecksOnReading) {
     EXPECT_EQ(geo, "/x/EUROPE.LL");
 }
 
+// A number the file cannot hold in plain digits would come back as another
+// at the next start ("1E+20" reads as 1): it is refused, and a setting read
+// is written back as it was read.
+TEST(Settings, NumbersTooLargeOrSmallToWriteBackAreRefused) {
+    const Settings s = Apply({"KaltrovaTop=99999999999999999999",
+                              "KaltrovaLeft=0.00000000000000001", "FontSize=1234567890123456789",
+                              "DataTop=99999999999999999999", "FontBold=-0.000000000000001"});
+    EXPECT_DOUBLE_EQ(s.KaltrovaTop, 0);
+    EXPECT_DOUBLE_EQ(s.KaltrovaLeft, 0);
+    EXPECT_DOUBLE_EQ(s.ListFontSize, 8.5);
+    EXPECT_DOUBLE_EQ(s.ListFontBold, -0.000000000000001);
+    EXPECT_EQ(s.DataTop, 675);
+    EXPECT_EQ(Apply({"DataTop=99999999"}).DataTop, 32767); // held within 16 bits
+    EXPECT_DOUBLE_EQ(Apply({"KaltrovaTop=999999999999999"}).KaltrovaTop, 999999999999999);
+
+    std::string d = "a.FIL", g = "b.LL";
+    const auto written = SettingsLines(s, d, g);
+    std::string d2 = d, g2 = g;
+    Settings again;
+    ApplySettingsLines(written, again, d2, g2);
+    EXPECT_EQ(SettingsLines(again, d2, g2), written);
+}
+
 TEST(Settings, KeysMatchByTheirStartWithExactCase) {
     // The key is compared over its own length, so trailing text after the
     // key name still matches; the case must be exact.
