@@ -30,11 +30,13 @@ if [ ${#targets[@]} -eq 0 ]; then
   for t in "$build"/fuzz/fuzz_*; do targets+=("$(basename "$t")"); done
 fi
 
-# Seeds: the shipped files a target reads, cut into pieces of 40 lines so
-# that each run stays short (the fuzzer joins and grows them).
+# Seeds, once a target's corpus folder is new: the shipped files it reads,
+# cut into pieces of 40 lines so that each run stays short (the fuzzer joins
+# and grows them).
 seed() { # target files...
   local dir=$build/fuzz/corpus/$1
   shift
+  [ -d "$dir" ] && return
   mkdir -p "$dir"
   local f
   for f in "$@"; do
@@ -43,6 +45,7 @@ seed() { # target files...
 }
 seed_meanings() { # the texts with the five bytes that choose the lookups
   local dir=$build/fuzz/corpus/fuzz_meanings_texts
+  [ -d "$dir" ] && return
   mkdir -p "$dir"
   local k=0 f
   for f in "$@"; do
@@ -51,18 +54,17 @@ seed_meanings() { # the texts with the five bytes that choose the lookups
       head -n 60 "$f"; } >"$dir/seed-$(basename "$f")"
   done
 }
-if [ ! -d "$build/fuzz/corpus" ]; then
-  seed fuzz_names_file data/NAMES.FIL tests/oracle/edge_records.txt
-  seed fuzz_cities_file data/GA_MA.LL
-  seed fuzz_tz_dat data/TZ.DAT
-  seed fuzz_orb_file data/NATAL.ORB data/Dravik_Natal_Orbs.ORB
-  seed fuzz_options data/OPTIONS.OPT data/OPTIONS.MST
-  seed fuzz_settings tests/fuzz/seeds/Kaltrova.INI
-  seed fuzz_report_texts data/RISING.TXT data/SIGN_*.TXT data/HOUSE_*.TXT data/Sun.TXT \
-    data/Moon.TXT data/PERSONAL.NAM data/PHILO.HLP
-  seed_meanings data/SIGN_*.TXT data/HOUSE_?.TXT data/RISING.TXT data/Mars.TXT data/ARI.TXT \
-    data/1.TXT data/The_Sun.TXT
-fi
+seed fuzz_names_file data/NAMES.FIL tests/oracle/edge_records.txt
+seed fuzz_cities_file data/GA_MA.LL
+seed fuzz_tz_dat data/TZ.DAT
+seed fuzz_orb_file data/NATAL.ORB data/Dravik_Natal_Orbs.ORB
+seed fuzz_options data/OPTIONS.OPT data/OPTIONS.MST
+seed fuzz_settings tests/fuzz/seeds/Kaltrova.INI
+seed fuzz_wheel_tables data/HCDATA.DAT data/RADIUS.DAT
+seed fuzz_report_texts data/RISING.TXT data/SIGN_*.TXT data/HOUSE_*.TXT data/Sun.TXT \
+  data/Moon.TXT data/PERSONAL.NAM data/PHILO.HLP
+seed_meanings data/SIGN_*.TXT data/HOUSE_?.TXT data/RISING.TXT data/Mars.TXT data/ARI.TXT \
+  data/1.TXT data/The_Sun.TXT
 
 export ASAN_OPTIONS=${ASAN_OPTIONS:-halt_on_error=1:detect_leaks=1}
 export UBSAN_OPTIONS=${UBSAN_OPTIONS:-halt_on_error=1:print_stacktrace=1}
