@@ -3,6 +3,7 @@
 // Data, Report, Keywords and Help command run. Nothing may crash or hang;
 // every message the user sees names the missing file or is the documented
 // message of its command.
+#include <QPushButton>
 #include <QtTest>
 
 #include <filesystem>
@@ -26,10 +27,10 @@ class MissingFilesTest : public QObject {
 void MissingFilesTest::eachFileTheWindowsReadRemovedInTurn_data() {
     QTest::addColumn<QString>("file");
     // The files the windows read themselves, and one of each kind of text.
-    for (const char* f :
-         {"glyphix.ttf", "NAMES.FIL", "GA_MA.LL", "TZ.DAT", "OPTIONS.OPT", "OPTIONS.MST",
-          "PERSONAL.NAM", "NATAL.ORB", "Dravik_Natal_Orbs.ORB", "PHILO.HLP", "SIGN_Lib.TXT",
-          "RISING.TXT", "KEY.TXT", "INTRO1.TXT", "CLOSING.TXT", "Sun.TXT", "ephems"})
+    for (const char* f : {"glyphix.ttf", "NAMES.FIL", "GA_MA.LL", "TZ.DAT", "OPTIONS.OPT",
+                          "OPTIONS.MST", "PERSONAL.NAM", "NATAL.ORB", "Dravik_Natal_Orbs.ORB",
+                          "PHILO.HLP", "SIGN_Lib.TXT", "RISING.TXT", "KEY.TXT", "INTRO1.TXT",
+                          "CLOSING.TXT", "Sun.TXT", "HCDATA.DAT", "RADIUS.DAT", "ephems"})
         QTest::newRow(f) << QString(f);
 }
 
@@ -44,7 +45,7 @@ void MissingFilesTest::eachFileTheWindowsReadRemovedInTurn() {
          {"mnuInputData", "mnuDataNatalData", "mnuDataNatalAspects", "mnuDataCosmicState",
           "mnuDataMeaningsNatal", "mnuReportNatal", "mnuHeader", "mnuOptionOptionSettings",
           "mnuKeywordsGeneral", "mnuKeywordsSystem", "mnuPhilosophyHelp", "mnuHelpAbout",
-          "mnuHousePorphyry", "mnuHousePlacidus"}) {
+          "mnuWheelsSingleNatal", "mnuHousePorphyry", "mnuHousePlacidus"}) {
         p.trigger(item);
         QCoreApplication::processEvents();
     }
