@@ -165,7 +165,7 @@ TEST_F(Hostile, ZonesAtTheLimitsOfTheChecks) {
 // gives the zone field, which the input checks then refuse.
 TEST(HostileFiles, ZoneTableOffsetsAtTheLimits) {
     ZoneTable t = ParseZoneTable("\"Far East\",FE,-13\r\n\"Past it\",PI,1e308\r\n"
-                                 "\"Huge\",HG,99999999999999999999\r\n\"Tiny\",TN,-0.0000001\r\n");
+                                 "\"Huge\",HG,99999999999999\r\n\"Tiny\",TN,-0.0000001\r\n");
     ASSERT_FALSE(t.corrupt);
     ASSERT_EQ(t.ZoneName.size(), 4u);
     InputFields in;
