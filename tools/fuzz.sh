@@ -27,7 +27,9 @@ cmake --build "$build" -j"$(nproc)" --target fuzz_targets appdir >/dev/null
 
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
-  for t in "$build"/fuzz/fuzz_*; do targets+=("$(basename "$t")"); done
+  for t in "$build"/fuzz/fuzz_*; do
+    [ -f "$t" ] && [ -x "$t" ] && targets+=("$(basename "$t")")
+  done
 fi
 
 # Seeds, once a target's corpus folder is new: the shipped files it reads,
@@ -75,7 +77,8 @@ for t in "${targets[@]}"; do
   corpus=$build/fuzz/corpus/$t
   findings=$build/fuzz/findings/$t
   mkdir -p "$corpus" "$findings"
-  log=$build/fuzz/$t.log
+  mkdir -p "$build/fuzz/logs"
+  log=$build/fuzz/logs/$t.log
   set +e
   "$build/fuzz/$t" "$corpus" -max_total_time="$seconds" -max_len=16384 -timeout=20 \
     -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/" >"$log" 2>&1

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 
 namespace kal {
 
@@ -328,6 +329,13 @@ std::string Trim(std::string_view s) {
     if (b == std::string_view::npos) return "";
     size_t e = s.find_last_not_of(" \t");
     return std::string(s.substr(b, e - b + 1));
+}
+
+short RoundToShort(double v) {
+    double r = std::nearbyint(v);
+    if (!(r <= std::numeric_limits<short>::max())) r = std::numeric_limits<short>::max();
+    if (r < std::numeric_limits<short>::min()) r = std::numeric_limits<short>::min();
+    return static_cast<short>(r);
 }
 
 } // namespace kal

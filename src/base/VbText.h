@@ -62,4 +62,8 @@ std::string Lower(std::string_view s);
 // Removes leading and trailing blanks.
 std::string Trim(std::string_view s);
 
+// A number as a 16-bit integer variable takes it: rounded half to even and
+// held within -32768..32767 (a larger number in a data file would not fit).
+short RoundToShort(double v);
+
 } // namespace kal

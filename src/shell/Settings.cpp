@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <type_traits>
 
 #include "base/TextFile.h"
@@ -11,15 +10,6 @@
 namespace kal {
 
 namespace {
-
-// Twips and wheel values are kept as 16-bit integers: the number read is
-// rounded (halves to even) and held within range.
-short ToShort(double v) {
-    double r = std::nearbyint(v);
-    if (r > std::numeric_limits<short>::max()) r = std::numeric_limits<short>::max();
-    if (r < std::numeric_limits<short>::min()) r = std::numeric_limits<short>::min();
-    return static_cast<short>(r);
-}
 
 // The values a key reads and writes.
 struct Values {
@@ -61,7 +51,7 @@ Key Number(const char* name, T Settings::*field, bool (*accept)(double) = AnyNum
                 double x = Val(text);
                 if (!PlainNumber(x) || !accept(x)) return;
                 if constexpr (std::is_same_v<T, short>)
-                    v.s.*field = ToShort(x);
+                    v.s.*field = RoundToShort(x);
                 else
                     v.s.*field = x;
             }};

@@ -1,6 +1,5 @@
 #include "wheel/WheelTables.h"
 
-#include <cmath>
 #include <string>
 
 #include "base/TextFile.h"
@@ -19,8 +18,7 @@ size_t ReadWheelNumbers(std::string_view text, short* elements, size_t capacity)
         if (i >= text.size()) break;
         size_t start = i;
         while (i < text.size() && !separator(text[i])) ++i;
-        // A whole number as an integer variable takes it: rounded half to even.
-        elements[n++] = static_cast<short>(std::nearbyint(Val(text.substr(start, i - start))));
+        elements[n++] = RoundToShort(Val(text.substr(start, i - start)));
     }
     return n;
 }

@@ -17,6 +17,11 @@ TEST(WheelTables, NumbersSeparatedByCommasAndLineEnds) {
     EXPECT_EQ(e, (std::array<short, 6>{12, -3, 7, 5, 0, 9}));
     std::array<short, 2> small{};
     EXPECT_EQ(ReadWheelTable("1,2,3,4", small), 2u);
+    // Numbers past 16 bits (two run together when a line end is lost) are
+    // held at the ends of the range.
+    std::array<short, 4> big{};
+    EXPECT_EQ(ReadWheelTable("215215\r\n-99999,99999999999999999999999,32767.5", big), 4u);
+    EXPECT_EQ(big, (std::array<short, 4>{32767, -32768, 32767, 32767}));
 }
 
 TEST(WheelTables, MissingOrShortFilesAreTold) {
