@@ -11,6 +11,10 @@
 # <build>/fuzz/corpus/<target>; an input that fails is kept in
 # <build>/fuzz/findings/<target>/ and the script exits 1. Each target's
 # executions and findings are printed at the end.
+#
+# KALTROVA_FUZZ_RUNS=N runs each target N times from a fixed seed instead of
+# for SECONDS: the same inputs on every machine, so a result does not hang on
+# the machine's speed or on luck (the test command runs it so).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 root=$PWD
@@ -61,7 +65,7 @@ seed fuzz_cities_file data/GA_MA.LL
 seed fuzz_tz_dat data/TZ.DAT
 seed fuzz_orb_file data/NATAL.ORB data/Dravik_Natal_Orbs.ORB
 seed fuzz_options data/OPTIONS.OPT data/OPTIONS.MST
-seed fuzz_settings tests/fuzz/seeds/Kaltrova.INI
+seed fuzz_settings tests/fuzz/seeds/Kaltrova.INI tests/fuzz/seeds/Kaltrova-fractions.INI
 seed fuzz_wheel_tables data/HCDATA.DAT data/RADIUS.DAT
 seed fuzz_report_texts data/RISING.TXT data/SIGN_*.TXT data/HOUSE_*.TXT data/Sun.TXT \
   data/Moon.TXT data/PERSONAL.NAM data/PHILO.HLP
@@ -80,7 +84,12 @@ for t in "${targets[@]}"; do
   mkdir -p "$build/fuzz/logs"
   log=$build/fuzz/logs/$t.log
   set +e
-  "$build/fuzz/$t" "$corpus" -max_total_time="$seconds" -max_len=16384 -timeout=20 \
+  if [ -n "${KALTROVA_FUZZ_RUNS:-}" ]; then
+    limit=(-runs="$KALTROVA_FUZZ_RUNS" -seed=1)
+  else
+    limit=(-max_total_time="$seconds")
+  fi
+  "$build/fuzz/$t" "$corpus" "${limit[@]}" -max_len=16384 -timeout=20 \
     -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$findings/" >"$log" 2>&1
   rc=$?
   set -e

@@ -43,17 +43,21 @@ bool PlainNumber(double v) {
 }
 
 // A number key stored in `field`: doubles as read, 16-bit fields rounded;
-// a value that fails `accept` leaves the field as it was.
+// a value that fails `accept` once stored leaves the field as it was.
 template <class T>
 Key Number(const char* name, T Settings::*field, bool (*accept)(double) = AnyNumber) {
     return {name, [field](const Values& v) { return NumText(v.s.*field); },
             [field, accept](const std::string& text, Values& v) {
                 double x = Val(text);
-                if (!PlainNumber(x) || !accept(x)) return;
+                if (!PlainNumber(x)) return;
+                // The check applies to the value kept: a height of .25 held
+                // in a 16-bit field is 0, which is no height.
+                T kept;
                 if constexpr (std::is_same_v<T, short>)
-                    v.s.*field = RoundToShort(x);
+                    kept = RoundToShort(x);
                 else
-                    v.s.*field = x;
+                    kept = x;
+                if (accept(kept)) v.s.*field = kept;
             }};
 }
 

@@ -31,6 +31,10 @@ TEST(Settings, ChecksOnReading) {
     EXPECT_DOUBLE_EQ(Apply({"KaltrovaWidth=0"}).KaltrovaWidth, 10860);
     EXPECT_DOUBLE_EQ(Apply({"KaltrovaTop=-30"}).KaltrovaTop, -30);
     EXPECT_EQ(Apply({"wheelsHeight=0"}).WheelsHeight, 5760);
+    // A 16-bit size is checked once rounded: .25 would be kept as 0.
+    EXPECT_EQ(Apply({"DataHeight=.25"}).DataHeight, 8250);
+    EXPECT_EQ(Apply({"DataHeight=.5"}).DataHeight, 8250);
+    EXPECT_EQ(Apply({"DataHeight=1.5"}).DataHeight, 2);
     EXPECT_EQ(Apply({"wheelsLeft=-15"}).WheelsLeft, -15);
     // Twips values are rounded to integers, halves to even.
     EXPECT_EQ(Apply({"DataWidth=9600.5"}).DataWidth, 9600);
