@@ -14,7 +14,13 @@ namespace kal {
 
 namespace fs = std::filesystem;
 
-std::optional<std::string> ReadFileBytes(const fs::path& file) {
+std::optional<std::string> ReadFileBytes(const fs::path& file, std::uintmax_t limit) {
+    // A device or a pipe would never end (or never start): regular files
+    // only, and none larger than the limit.
+    std::error_code ec;
+    if (!fs::is_regular_file(file, ec)) return std::nullopt;
+    const std::uintmax_t size = fs::file_size(file, ec);
+    if (ec || size > limit) return std::nullopt;
     std::ifstream in(file, std::ios::binary);
     if (!in) return std::nullopt;
     std::ostringstream ss;
@@ -40,38 +46,21 @@ std::optional<std::vector<std::string>> ReadLines(const fs::path& file) {
 }
 
 bool WriteFileBytes(const fs::path& file, std::string_view bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return !out.fail();
+    return ReplaceFile(file, bytes).ok;
 }
 
 bool ReplaceFileBytes(const fs::path& file, std::string_view bytes) {
-    fs::path temp = file;
-    temp += ".tmp~";
-    std::FILE* out = std::fopen(temp.c_str(), "wb");
-    if (!out) return false;
-    bool written = std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size();
-    written = std::fflush(out) == 0 && written;
-    written = fsync(fileno(out)) == 0 && written;
-    written = std::fclose(out) == 0 && written;
-    std::error_code ec;
-    if (written) fs::rename(temp, file, ec);
-    if (!written || ec) {
-        fs::remove(temp, ec);
-        return false;
-    }
-    return true;
+    return ReplaceFile(file, bytes).ok;
 }
 
-bool WriteLines(const fs::path& file, const std::vector<std::string>& lines, std::string_view eol) {
+WriteResult WriteLines(const fs::path& file, const std::vector<std::string>& lines,
+                       std::string_view eol) {
     std::string text;
     for (const auto& l : lines) {
         text += l;
         text += eol;
     }
-    return WriteFileBytes(file, text);
+    return ReplaceFile(file, text);
 }
 
 fs::path FindFile(const fs::path& dir, std::string_view name) {

@@ -3,11 +3,14 @@
 // to case.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/SafeWrite.h"
 
 namespace kal {
 
@@ -16,8 +19,13 @@ namespace kal {
 // after a final line end is not a line.
 std::optional<std::vector<std::string>> ReadLines(const std::filesystem::path& file);
 
-// The whole file as bytes, or nothing when it cannot be opened.
-std::optional<std::string> ReadFileBytes(const std::filesystem::path& file);
+// The largest file ReadFileBytes reads.
+inline constexpr std::uintmax_t MaxReadBytes = 64u << 20;
+
+// The whole file as bytes, or nothing when it cannot be opened, is not a
+// regular file (a folder, a device, a pipe) or is larger than `limit`.
+std::optional<std::string> ReadFileBytes(const std::filesystem::path& file,
+                                         std::uintmax_t limit = MaxReadBytes);
 
 // Splits text into lines at CR LF, LF or a lone CR.
 std::vector<std::string> SplitLines(std::string_view text);
@@ -36,10 +44,12 @@ template <class F> void ForEachLine(std::string_view text, F f) {
     if (start < text.size()) f(text.substr(start));
 }
 
-// Writes each line followed by `eol`, replacing the file. False on failure.
-bool WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines,
-                std::string_view eol = "\r\n");
-// Writes bytes as they are, replacing the file. False on failure.
+// Writes each line followed by `eol`, replacing the file through a flushed
+// temporary file (ReplaceFile): on failure the old file is left whole.
+WriteResult WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines,
+                       std::string_view eol = "\r\n");
+// Writes bytes as they are, replacing the file the same way. False on
+// failure; ReplaceFile gives the reason.
 bool WriteFileBytes(const std::filesystem::path& file, std::string_view bytes);
 // Replaces a file's bytes without ever leaving it half written: the bytes go
 // to a temporary file beside it, which is flushed to the disk and then

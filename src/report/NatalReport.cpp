@@ -220,7 +220,7 @@ std::vector<std::string> ReportPagedLines(const NatalReport& report, const Optio
 }
 
 bool SaveReportFile(const fs::path& file, const NatalReport& report, const Options& options) {
-    return WriteLines(file, ReportPagedLines(report, options));
+    return WriteLines(file, ReportPagedLines(report, options)).ok;
 }
 
 } // namespace kal

@@ -136,9 +136,9 @@ void ReadSettings(const std::filesystem::path& appPath, Settings& s,
     citiesFile = geoFile;
 }
 
-bool WriteSettings(const std::filesystem::path& appPath, const Settings& s,
-                   const std::filesystem::path& namesFile,
-                   const std::filesystem::path& citiesFile) {
+WriteResult WriteSettings(const std::filesystem::path& appPath, const Settings& s,
+                          const std::filesystem::path& namesFile,
+                          const std::filesystem::path& citiesFile) {
     return WriteLines(SettingsPath(appPath),
                       SettingsLines(s, namesFile.string(), citiesFile.string()));
 }

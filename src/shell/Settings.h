@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/SafeWrite.h"
+
 namespace kal {
 
 struct Settings {
@@ -56,8 +58,10 @@ std::filesystem::path SettingsPath(const std::filesystem::path& appPath);
 // can be opened.
 void ReadSettings(const std::filesystem::path& appPath, Settings& s,
                   std::filesystem::path& namesFile, std::filesystem::path& citiesFile);
-// Writes appPath/Kaltrova.INI anew with CR LF line ends. False on failure.
-bool WriteSettings(const std::filesystem::path& appPath, const Settings& s,
-                   const std::filesystem::path& namesFile, const std::filesystem::path& citiesFile);
+// Writes appPath/Kaltrova.INI anew with CR LF line ends; on failure the old
+// file is left whole and the reason is returned.
+WriteResult WriteSettings(const std::filesystem::path& appPath, const Settings& s,
+                          const std::filesystem::path& namesFile,
+                          const std::filesystem::path& citiesFile);
 
 } // namespace kal

@@ -1,10 +1,16 @@
 #include "TestSupport.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <fcntl.h>
 #include <fstream>
 #include <random>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace kal::test {
 
@@ -32,6 +38,74 @@ ScratchAppDir::~ScratchAppDir() {
 void ScratchAppDir::Write(const std::string& name, const std::string& bytes) const {
     std::ofstream out(path_ / name, std::ios::binary | std::ios::trunc);
     out << bytes;
+}
+
+namespace {
+
+bool WriteProcFile(const char* file, const std::string& text) {
+    int fd = ::open(file, O_WRONLY);
+    if (fd < 0) return false;
+    bool ok = ::write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    ::close(fd);
+    return ok;
+}
+
+// A mount namespace of this process's own: as root directly, otherwise
+// inside a user namespace that maps the user to root.
+bool OwnMountNamespace(std::string& whyNot) {
+    if (::unshare(CLONE_NEWNS) == 0) return true;
+    const uid_t uid = ::getuid();
+    const gid_t gid = ::getgid();
+    if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
+        whyNot = std::string("no mount namespace (") + std::strerror(errno) + ")";
+        return false;
+    }
+    WriteProcFile("/proc/self/setgroups", "deny");
+    if (!WriteProcFile("/proc/self/uid_map", "0 " + std::to_string(uid) + " 1") ||
+        !WriteProcFile("/proc/self/gid_map", "0 " + std::to_string(gid) + " 1")) {
+        whyNot = "the user namespace's id maps cannot be written";
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+SmallDisk::SmallDisk(size_t bytes) {
+    if (!OwnMountNamespace(whyNot_)) return;
+    if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
+        whyNot_ = std::string("mounts cannot be made private (") + std::strerror(errno) + ")";
+        return;
+    }
+    std::random_device rd;
+    fs::path dir = fs::temp_directory_path() / ("kaltrova-disk-" + std::to_string(rd()));
+    fs::create_directories(dir);
+    const std::string opts = "size=" + std::to_string(bytes);
+    if (::mount("tmpfs", dir.c_str(), "tmpfs", 0, opts.c_str()) != 0) {
+        whyNot_ = std::string("tmpfs cannot be mounted (") + std::strerror(errno) + ")";
+        fs::remove(dir);
+        return;
+    }
+    path_ = dir;
+}
+
+SmallDisk::~SmallDisk() {
+    if (path_.empty()) return;
+    ::umount2(path_.c_str(), MNT_DETACH);
+    std::error_code ec;
+    fs::remove(path_, ec);
+}
+
+void SmallDisk::Fill() const {
+    int fd = ::open((path_ / "filler").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
+    if (fd < 0) return;
+    std::string block(4096, 'x');
+    while (::write(fd, block.data(), block.size()) > 0) {
+    }
+    // The last bytes of a partly used block.
+    while (::write(fd, block.data(), 1) > 0) {
+    }
+    ::close(fd);
 }
 
 std::string ShellQuote(const std::string& s) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace kal::test {
@@ -26,6 +27,27 @@ class ScratchAppDir {
 
 // The built program directory.
 std::filesystem::path AppDir();
+
+// A size-limited tmpfs mounted for this test process only (in a mount
+// namespace of its own, so nothing of it reaches the rest of the machine): a
+// disk that fills. Where the machine does not allow the mount, `mounted()`
+// is false and `whyNot()` says why.
+class SmallDisk {
+  public:
+    explicit SmallDisk(size_t bytes);
+    ~SmallDisk();
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    bool mounted() const { return !path_.empty(); }
+    const std::string& whyNot() const { return whyNot_; }
+    const std::filesystem::path& path() const { return path_; }
+    // Fills the disk to the last byte.
+    void Fill() const;
+
+  private:
+    std::filesystem::path path_;
+    std::string whyNot_;
+};
 
 struct RunResult {
     int status = 0;
