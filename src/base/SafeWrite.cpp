@@ -32,7 +32,7 @@ int Injected(WriteStep step, const fs::path& file) {
 }
 
 WriteResult Failed(int errorNumber) {
-    return {false, WriteErrorReason(errorNumber)};
+    return {false, WriteErrorReason(errorNumber), errorNumber};
 }
 
 // The file a write lands in: the target of a symbolic link, else the file.
@@ -172,7 +172,7 @@ WriteResult ReplaceFileWithCopy(const fs::path& from, const fs::path& to) {
     struct stat st {};
     if (::fstat(in, &st) != 0 || !S_ISREG(st.st_mode)) {
         ::close(in);
-        return {false, "the file to copy is not a regular file"};
+        return {false, "the file to copy is not a regular file", EINVAL};
     }
     WriteResult r = ReplaceThrough(to, [&](int fd) {
         std::vector<char> buf(kBlock);

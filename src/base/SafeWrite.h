@@ -18,6 +18,7 @@ namespace kal {
 struct WriteResult {
     bool ok = true;
     std::string reason; // why it failed: "the disk is full"
+    int error = 0;      // the system's error number of the failure
 
     explicit operator bool() const { return ok; }
 };

@@ -1,9 +1,10 @@
 #include "birthdata/RecordWriter.h"
 
 #include <algorithm>
-#include <fstream>
+#include <cerrno>
 #include <system_error>
 
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 #include "base/VbText.h"
 
@@ -123,13 +124,14 @@ SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::
         }
     }
     lines.push_back(RecordLine(rec));
+    std::string bytes;
+    for (const auto& l : lines) bytes += l + "\r\n";
 
-    // The new content is complete in the temporary file before the names
-    // file is touched.
-    if (!WriteLines(tempFile, lines)) {
-        fs::remove(tempFile, ec);
-        return fail("the temporary file " + tempFile.filename().string() + " cannot be written");
-    }
+    // The new content is complete and on the disk in the temporary file
+    // before the names file is touched.
+    if (WriteResult w = WriteFileFlushed(tempFile, bytes); !w)
+        return fail("the temporary file " + tempFile.filename().string() + " cannot be written (" +
+                    w.reason + ")");
 
     const fs::path backup = BackupPath(target);
     if (targetExists) {
@@ -137,24 +139,20 @@ SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::
             fs::remove(tempFile, ec);
             return fail("the backup " + backup.filename().string() + " cannot be replaced");
         }
-        fs::rename(target, backup, ec);
-        if (ec) {
+        if (WriteResult w = RenameFile(target, backup); !w) {
             fs::remove(tempFile, ec);
-            return fail("the backup " + backup.filename().string() + " cannot be made");
+            return fail("the backup " + backup.filename().string() + " cannot be made (" +
+                        w.reason + ")");
         }
     }
-    fs::rename(tempFile, target, ec);
-    if (ec) {
-        // Renaming across file systems is not possible: copy instead.
-        std::error_code ec2;
-        fs::copy_file(tempFile, target, fs::copy_options::overwrite_existing, ec2);
-        if (ec2) {
-            fs::remove(target, ec2);
-            if (targetExists) fs::rename(backup, target, ec2);
-            fs::remove(tempFile, ec2);
-            return fail("the names file cannot be replaced");
-        }
-        fs::remove(tempFile, ec2);
+    WriteResult moved = RenameFile(tempFile, target);
+    // The temporary file lies in the program directory; a names file on
+    // another disk gets a copy, itself written through a temporary file.
+    if (!moved && moved.error == EXDEV) moved = ReplaceFileWithCopy(tempFile, target);
+    fs::remove(tempFile, ec);
+    if (!moved) {
+        if (targetExists) RenameFile(backup, target);
+        return fail("the names file cannot be replaced (" + moved.reason + ")");
     }
     result.saved = true;
     return result;
@@ -179,8 +177,8 @@ std::string NewNamesFileContent() {
     return "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n";
 }
 
-bool WriteNewNamesFile(const fs::path& file) {
-    return WriteFileBytes(file, NewNamesFileContent());
+WriteResult WriteNewNamesFile(const fs::path& file) {
+    return ReplaceFile(file, NewNamesFileContent());
 }
 
 } // namespace kal

@@ -11,6 +11,7 @@
 #include <string>
 
 #include "base/Message.h"
+#include "base/SafeWrite.h"
 #include "birthdata/Record.h"
 #include "chart/InputFields.h"
 
@@ -46,10 +47,10 @@ struct SaveResult {
 
 // Writes `rec` into `target`: the records already there are copied into
 // `tempFile` (a record whose name matches the new one is left out when
-// `replace` answers true), the new record is added at the end, the old file
-// becomes the backup and the copy takes its place. A missing target is
-// created. On any failure the target keeps its content and the reason is
-// reported.
+// `replace` answers true), the new record is added at the end, the copy is
+// flushed to the disk, then the old file becomes the backup and the copy
+// takes its place. A missing target is created. On any failure the target
+// keeps its content and the reason is reported.
 SaveResult SaveRecord(const BirthRecord& rec, const std::filesystem::path& target,
                       const std::filesystem::path& tempFile, const ReplaceQuestion& replace);
 
@@ -62,6 +63,6 @@ SaveResult SaveInputRecord(const InputFields& in, int dateOrder,
 // The one line of a new names file (with its line end).
 std::string NewNamesFileContent();
 // Creates (or replaces) a names file holding the example record.
-bool WriteNewNamesFile(const std::filesystem::path& file);
+WriteResult WriteNewNamesFile(const std::filesystem::path& file);
 
 } // namespace kal

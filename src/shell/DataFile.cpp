@@ -36,9 +36,9 @@ std::string SavedDataBytes(const std::vector<std::string>& lines, float linesPer
     return out;
 }
 
-bool SaveDataFile(const std::filesystem::path& file, const std::vector<std::string>& lines,
-                  float linesPerPage) {
-    return WriteFileBytes(file, SavedDataBytes(lines, linesPerPage));
+WriteResult SaveDataFile(const std::filesystem::path& file, const std::vector<std::string>& lines,
+                         float linesPerPage) {
+    return ReplaceFile(file, SavedDataBytes(lines, linesPerPage));
 }
 
 std::string ProposedFileName(std::string_view chartName) {
@@ -55,10 +55,11 @@ std::filesystem::path PrintFilePath(const std::filesystem::path& appPath) {
     return FindFile(appPath, "PRNTFILE.XXX");
 }
 
-bool WritePrintFile(const std::filesystem::path& appPath, const std::vector<std::string>& lines) {
+WriteResult WritePrintFile(const std::filesystem::path& appPath,
+                           const std::vector<std::string>& lines) {
     std::string bytes;
     for (const auto& l : lines) AppendLine(bytes, l);
-    return WriteFileBytes(PrintFilePath(appPath), bytes);
+    return ReplaceFile(PrintFilePath(appPath), bytes);
 }
 
 int PrintWidthClass(const std::vector<std::string>& lines, float opt117, float opt118) {

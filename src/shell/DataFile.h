@@ -11,6 +11,7 @@
 
 #include "base/Message.h"
 #include "base/Pages.h"
+#include "base/SafeWrite.h"
 
 namespace kal {
 
@@ -25,8 +26,8 @@ PageLayout DataSaveLayout(float linesPerPage);
 // the data held no form feed, one form-feed line ends the file. A line that
 // carries its own line breaks keeps them, as CR LF.
 std::string SavedDataBytes(const std::vector<std::string>& lines, float linesPerPage);
-bool SaveDataFile(const std::filesystem::path& file, const std::vector<std::string>& lines,
-                  float linesPerPage);
+WriteResult SaveDataFile(const std::filesystem::path& file, const std::vector<std::string>& lines,
+                         float linesPerPage);
 
 // The name Save As proposes for a chart's name: the part before a blank at
 // position 1..8, otherwise the first eight characters, then ".txt".
@@ -34,7 +35,8 @@ std::string ProposedFileName(std::string_view chartName);
 
 // The file handed to the print window.
 std::filesystem::path PrintFilePath(const std::filesystem::path& appPath);
-bool WritePrintFile(const std::filesystem::path& appPath, const std::vector<std::string>& lines);
+WriteResult WritePrintFile(const std::filesystem::path& appPath,
+                           const std::vector<std::string>& lines);
 
 // The print window's widest-line class: 0, or 1 / 2 when a line is longer
 // than option 117 / also longer than option 118; the last such line decides.

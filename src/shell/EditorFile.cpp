@@ -19,15 +19,15 @@ std::string EditorSaveBytes(std::string_view text) {
         else
             bytes += c;
     }
-    if (bytes.size() < 2) return {};
-    bytes.resize(bytes.size() - 2);
+    if (bytes.empty()) return {};
+    // The text ends with the line break of its last line, which the file
+    // writes once; a last line typed without one keeps all its characters.
+    if (bytes.ends_with("\r\n")) bytes.resize(bytes.size() - 2);
     return bytes + "\r\n";
 }
 
-bool RestoreDefaultOptions(const std::filesystem::path& appPath) {
-    auto master = ReadFileBytes(FindFile(appPath, "OPTIONS.MST"));
-    if (!master) return false;
-    return WriteFileBytes(FindFile(appPath, "OPTIONS.OPT"), *master);
+WriteResult RestoreDefaultOptions(const std::filesystem::path& appPath) {
+    return ReplaceFileWithCopy(FindFile(appPath, "OPTIONS.MST"), FindFile(appPath, "OPTIONS.OPT"));
 }
 
 Message RestoreFailedMessage() {

@@ -9,19 +9,20 @@
 #include <vector>
 
 #include "base/Message.h"
+#include "base/SafeWrite.h"
 
 namespace kal {
 
 // The editor's text for the lines of a file: each line followed by "\n".
 std::string EditorText(const std::vector<std::string>& lines);
 // The bytes Save writes for an editor's text ("\n" line breaks): CR LF
-// line ends, the final line break dropped; a text shorter than one line
-// break empties the file.
+// line ends, every line ended by one, the text's own final line break not
+// doubled; an empty text empties the file.
 std::string EditorSaveBytes(std::string_view text);
 
-// Copies OPTIONS.MST over OPTIONS.OPT; false (and nothing changed) when the
-// master copy is missing or the copy fails.
-bool RestoreDefaultOptions(const std::filesystem::path& appPath);
+// Copies OPTIONS.MST over OPTIONS.OPT through a temporary file; on failure
+// (the master copy missing, the disk full) OPTIONS.OPT is as it was.
+WriteResult RestoreDefaultOptions(const std::filesystem::path& appPath);
 Message RestoreFailedMessage();
 // The main menu's checks that the options and header files can be opened.
 Message OptionsFileNotFoundMessage();

@@ -15,17 +15,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Fails the `nth` time (counting from 1) that `step` is reached, with `error`.
-struct FaultAt {
-    FaultAt(WriteStep step, int nth, int error) {
-        previous = SetWriteFaultHook([=, seen = 0](WriteStep s, const fs::path&) mutable {
-            return s == step && ++seen == nth ? error : 0;
-        });
-    }
-    ~FaultAt() { SetWriteFaultHook(previous); }
-    WriteFaultHook previous;
-};
-
 // The names in a folder, sorted.
 std::vector<std::string> Entries(const fs::path& dir) {
     std::vector<std::string> names;
@@ -82,7 +71,7 @@ TEST(SafeWrite, AFaultAtAnyStepLeavesTheOldFileWholeAndSaysWhy) {
         const auto before = Entries(dir.path());
         WriteResult res;
         {
-            FaultAt fault(r.step, r.nth, r.error);
+            kal::test::WriteFault fault(r.step, r.nth, r.error);
             res = ReplaceFile(dir.path() / "NAMES.FIL", big);
         }
         SCOPED_TRACE(r.reason);
@@ -99,7 +88,7 @@ TEST(SafeWrite, AFaultAtAnyStepLeavesTheOldFileWholeAndSaysWhy) {
 
 TEST(SafeWrite, FlushedInPlaceWriteRemovesAHalfFile) {
     kal::test::ScratchAppDir dir;
-    FaultAt fault(WriteStep::Sync, 1, ENOSPC);
+    kal::test::WriteFault fault(WriteStep::Sync, 1, ENOSPC);
     EXPECT_FALSE(WriteFileFlushed(dir.path() / "wfyert.hyq", "records"));
     EXPECT_FALSE(fs::exists(dir.path() / "wfyert.hyq"));
 }

@@ -7,8 +7,11 @@
 #include <fstream>
 #include <random>
 
+#include <cerrno>
 #include <unistd.h>
 
+#include "TestSupport.h"
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 #include "birthdata/NamesFile.h"
 #include "birthdata/RecordWriter.h"
@@ -176,6 +179,29 @@ TEST(SaveRecord, FailingStepsLeaveTheNamesFileAsItWas) {
         fs::create_directories(names.path / "NAMES.OLD" / "inside");
         expectUnchanged(names,
                         SaveInputRecord(Mary(), 0, app.path, names.path / "NAMES.FIL", nullptr));
+        EXPECT_FALSE(fs::exists(app.path / "wfyert.hyq"));
+    }
+    // Every step of the write failing in turn: the temporary file's
+    // creation, its data, its flush, the rename to the backup and the rename
+    // of the copy into place.
+    struct Fault {
+        WriteStep step;
+        int nth;
+    };
+    for (Fault f :
+         {Fault{WriteStep::Create, 1}, Fault{WriteStep::Write, 1}, Fault{WriteStep::Sync, 1},
+          Fault{WriteStep::Rename, 1}, Fault{WriteStep::Rename, 2}}) {
+        TempDir app, names;
+        names.write("NAMES.FIL", original);
+        names.write("NAMES.OLD", "the backup before\r\n");
+        SaveResult res;
+        {
+            test::WriteFault fault(f.step, f.nth, ENOSPC);
+            res = SaveInputRecord(Mary(), 0, app.path, names.path / "NAMES.FIL", nullptr);
+        }
+        SCOPED_TRACE(static_cast<int>(f.step) * 10 + f.nth);
+        expectUnchanged(names, res);
+        EXPECT_NE(res.messages[0].text.find("(the disk is full)"), std::string::npos);
         EXPECT_FALSE(fs::exists(app.path / "wfyert.hyq"));
     }
     if (geteuid() == 0) return; // permissions do not bind root

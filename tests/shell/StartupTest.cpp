@@ -138,12 +138,12 @@ TEST(ProgramDirectory, AtlasIsReadWhereItWasShipped) {
     s.Close();
 }
 
-TEST(OptionsEditor, SaveDropsTheLastTwoCharacters) {
+TEST(OptionsEditor, SaveEndsEveryLineOnce) {
     EXPECT_EQ(EditorSaveBytes("1  first\n2  second\n"), "1  first\r\n2  second\r\n");
-    // A text without a final line break loses its last two characters, a
-    // lone line break leaves one.
-    EXPECT_EQ(EditorSaveBytes("1  first\n2  sec"), "1  first\r\n2  s\r\n");
+    // A last line without its line break keeps every character.
+    EXPECT_EQ(EditorSaveBytes("1  first\nBroken,abc"), "1  first\r\nBroken,abc\r\n");
+    EXPECT_EQ(EditorSaveBytes("x"), "x\r\n");
     EXPECT_EQ(EditorSaveBytes("\n"), "\r\n");
-    EXPECT_EQ(EditorSaveBytes("x"), "");
+    EXPECT_EQ(EditorSaveBytes(""), "");
     EXPECT_EQ(EditorText({"a", "b"}), "a\nb\n");
 }

@@ -71,6 +71,16 @@ bool OwnMountNamespace(std::string& whyNot) {
 
 } // namespace
 
+WriteFault::WriteFault(WriteStep step, int nth, int error) {
+    previous_ = SetWriteFaultHook([=, seen = 0](WriteStep s, const fs::path&) mutable {
+        return s == step && ++seen == nth ? error : 0;
+    });
+}
+
+WriteFault::~WriteFault() {
+    SetWriteFaultHook(previous_);
+}
+
 SmallDisk::SmallDisk(size_t bytes) {
     if (!OwnMountNamespace(whyNot_)) return;
     if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "base/SafeWrite.h"
+
 namespace kal::test {
 
 // A fresh program directory in a temporary folder, holding a copy of the
@@ -27,6 +29,19 @@ class ScratchAppDir {
 
 // The built program directory.
 std::filesystem::path AppDir();
+
+// While it lives, every write of the process fails the `nth` time (counting
+// from 1) it reaches `step`, with the system error `error`.
+class WriteFault {
+  public:
+    WriteFault(WriteStep step, int nth, int error);
+    ~WriteFault();
+    WriteFault(const WriteFault&) = delete;
+    WriteFault& operator=(const WriteFault&) = delete;
+
+  private:
+    WriteFaultHook previous_;
+};
 
 // A size-limited tmpfs mounted for this test process only (in a mount
 // namespace of its own, so nothing of it reaches the rest of the machine): a

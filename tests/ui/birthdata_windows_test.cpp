@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "ShellUiSupport.h"
@@ -78,6 +79,7 @@ class BirthDataWindowsTest : public QObject {
     void lockListReselectsOnReload();
     void inputFieldRules();
     void citiesPickAndEditor();
+    void namesEditorKeepsTheLastLineAndTheFile();
     void timeZoneListBesideTheInputWindow();
     void makeNewNamesFile();
     void screenshots();
@@ -288,6 +290,32 @@ void BirthDataWindowsTest::citiesPickAndEditor() {
     geo = Win<ui::Geograph>(p, ui::win::Geograph);
     QCOMPARE(ListTexts(geo, "CitiesOnFile"), QStringList({"Lagos,NG"}));
     QVERIFY(p.dialogs->saw(CitiesFileLineError().text));
+}
+
+void BirthDataWindowsTest::namesEditorKeepsTheLastLineAndTheFile() {
+    StartedProgram p;
+    const fs::path names = p.dir.path() / "NAMES.FIL";
+    const std::string before = *ReadFileBytes(names);
+    Click(Win(p, ui::win::Names), "cmdEditList");
+    auto* editor = Win(p, ui::win::NameEdit);
+    QVERIFY(editor);
+    auto* box = editor->findChild<QPlainTextEdit*>("txtContent");
+
+    // A disk that fills while the new file is written: the names file is
+    // whole and the user is told.
+    box->setPlainText(box->toPlainText() + "Added,12 May 1959,10.43,A,6,75.23,39.45,\n");
+    {
+        test::WriteFault full(WriteStep::Write, 1, ENOSPC);
+        Click(editor, "btnSave");
+    }
+    QCOMPARE(*ReadFileBytes(names), before);
+    QVERIFY(p.dialogs->messages.back().text.find("NAMES.FIL could not be written (the disk is "
+                                                 "full)") != std::string::npos);
+
+    // A last line typed without a line break is saved whole.
+    box->setPlainText("Broken,abc");
+    Click(editor, "btnSave");
+    QCOMPARE(*ReadFileBytes(names), std::string("Broken,abc\r\n"));
 }
 
 void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {

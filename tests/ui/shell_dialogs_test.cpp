@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "ShellUiSupport.h"
@@ -27,6 +28,7 @@ class DialogsTest : public QObject {
     void contextOpensWindowsByName();
     void optionsSaveRereadsAndRestores();
     void optionsRestoreWithoutMaster();
+    void writesOnAFullDiskLeaveTheFilesWhole();
     void selectFileFiltersAndReturnsThePath();
     void progressFillsFromTheLeft();
     void titleWaitsForContinue();
@@ -126,6 +128,50 @@ void DialogsTest::optionsRestoreWithoutMaster() {
                       Icon::Information}));
     QCOMPARE(w->findChild<QPlainTextEdit*>("txtContent")->toPlainText(), QString("edited\n"));
     QCOMPARE(ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value(), std::string("1 only line\r\n"));
+}
+
+void DialogsTest::writesOnAFullDiskLeaveTheFilesWhole() {
+    StartedProgram p(
+        [](const test::ScratchAppDir& d) { d.Write("Kaltrova.INI", "FontSize=9\r\n"); });
+    const std::string opt = ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value();
+    p.trigger("mnuOptionOptionSettings");
+    auto* w = p.ctx->windowAs<ui::Options>(ui::win::Options);
+    QVERIFY(w);
+    auto* box = w->findChild<QPlainTextEdit*>("txtContent");
+    box->setPlainText("20     Lines per page\n");
+    const float option1 = p.session.options[1];
+
+    // The disk fills after the first block of the new OPTIONS.OPT.
+    {
+        test::WriteFault full(WriteStep::Write, 1, ENOSPC);
+        w->findChild<QPushButton*>("btnSave")->click();
+    }
+    QCOMPARE(p.dialogs->messages.back().text,
+             "The file " + (p.dir.path() / "OPTIONS.OPT").string() +
+                 " could not be written (the disk is full). The file on the disk has not been "
+                 "changed.");
+    QCOMPARE(ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value(), opt);
+    QCOMPARE(p.session.options[1], option1);
+
+    // Restore Default Settings on the full disk: OPTIONS.OPT whole, the box
+    // as it was.
+    {
+        test::WriteFault full(WriteStep::Write, 1, ENOSPC);
+        w->findChild<QPushButton*>("cmdRestoreDefault")->click();
+    }
+    QCOMPARE(p.dialogs->messages.back().text,
+             std::string("Error in operation. Cannot do what is requested."));
+    QCOMPARE(ReadFileBytes(p.dir.path() / "OPTIONS.OPT").value(), opt);
+    QCOMPARE(box->toPlainText(), QString("20     Lines per page\n"));
+
+    // Kaltrova.INI at the end of the run: the old file stays, the user is told.
+    {
+        test::WriteFault full(WriteStep::Sync, 1, ENOSPC);
+        p.main->mnuFileExit_Click();
+    }
+    QCOMPARE(ReadFileBytes(p.dir.path() / "Kaltrova.INI").value(), std::string("FontSize=9\r\n"));
+    QVERIFY(p.dialogs->messages.back().text.find("Kaltrova.INI could not be written") !=
+            std::string::npos);
 }
 
 void DialogsTest::selectFileFiltersAndReturnsThePath() {

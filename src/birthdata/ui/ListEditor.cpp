@@ -52,10 +52,8 @@ ListEditor::ListEditor(AppContext& ctx, const std::filesystem::path& file, Windo
 
 void ListEditor::btnSave_Click() {
     std::string bytes = EditorSaveBytes(txtContent_->toPlainText().toStdString());
-    if (!WriteFileBytes(file_, bytes)) {
-        ctx_.showMessage(
-            {"The file " + file_.string() + " could not be written.", "Error!", Icon::Critical},
-            this);
+    if (WriteResult w = ReplaceFile(file_, bytes); !w) {
+        ctx_.showMessage(WriteFailedMessage(file_, w), this);
         return;
     }
     saved();

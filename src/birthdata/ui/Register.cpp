@@ -55,10 +55,8 @@ void MakeNewNamesFile(AppContext& ctx) {
     const QString folder = QString::fromStdString(ctx.session().paths.AppPath.string());
     const QString file = ctx.dialogs().newNamesFile(folder, parent);
     if (file.isEmpty()) return;
-    if (!WriteNewNamesFile(file.toStdString()))
-        ctx.showMessage(
-            {"The file " + file.toStdString() + " could not be written.", "Error!", Icon::Critical},
-            parent);
+    if (WriteResult w = WriteNewNamesFile(file.toStdString()); !w)
+        ctx.showMessage(WriteFailedMessage(file.toStdString(), w), parent);
 }
 
 } // namespace

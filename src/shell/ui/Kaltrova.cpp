@@ -254,8 +254,10 @@ void Kaltrova::mnuFileExit_Click() {
     recordPlace();
     s.Close();
     removeFonts();
-    WriteSettings(s.paths.AppPath, ctx_.display().settings, s.paths.NamesFilePath,
-                  s.paths.CitiesFilePath);
+    if (WriteResult w = WriteSettings(s.paths.AppPath, ctx_.display().settings,
+                                      s.paths.NamesFilePath, s.paths.CitiesFilePath);
+        !w)
+        ctx_.showMessage(WriteFailedMessage(SettingsPath(s.paths.AppPath), w), this);
     // Every other window closes with the main window.
     for (WindowName name : {win::OutputD1, win::Options, win::PrntFile, win::About})
         ctx_.unloadWindow(name);

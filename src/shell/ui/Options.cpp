@@ -32,8 +32,9 @@ void Options::Form_Load() {
 void Options::btnSave_Click() {
     Session& s = ctx_.session();
     auto file = FindFile(s.paths.AppPath, "OPTIONS.OPT");
-    if (!WriteFileBytes(file, EditorSaveBytes(ui->txtContent->toPlainText().toStdString()))) {
-        ctx_.showMessage(RestoreFailedMessage(), this);
+    WriteResult w = ReplaceFile(file, EditorSaveBytes(ui->txtContent->toPlainText().toStdString()));
+    if (!w) {
+        ctx_.showMessage(WriteFailedMessage(file, w), this);
         return;
     }
     s.ReadOptions();

@@ -187,8 +187,8 @@ void OutputD1::mnuClearBuffer_Click() {
 
 void OutputD1::writeData(const QString& file) {
     Session& s = ctx_.session();
-    if (!SaveDataFile(file.toStdString(), s.listing.out.AllLines, s.options[45]))
-        ctx_.showMessage(CannotWriteFileMessage(file.toStdString()), this);
+    if (WriteResult w = SaveDataFile(file.toStdString(), s.listing.out.AllLines, s.options[45]); !w)
+        ctx_.showMessage(WriteFailedMessage(file.toStdString(), w), this);
 }
 
 void OutputD1::mnuFileSave_Click() {
@@ -218,7 +218,14 @@ void OutputD1::mnuFileSaveAs_Click() {
     writeData(file);
 }
 
-void OutputD1::openPrintWindow() {
+void OutputD1::openPrintWindow(const WriteResult& printFile) {
+    // The print window reads the print file: an old one must not be
+    // printed in place of this text.
+    if (!printFile) {
+        ctx_.showMessage(WriteFailedMessage(PrintFilePath(ctx_.session().paths.AppPath), printFile),
+                         this);
+        return;
+    }
     ctx_.unloadWindow(win::PrntFile);
     ctx_.showWindow(win::PrntFile, "Printing");
 }
@@ -227,9 +234,9 @@ void OutputD1::mnuPrint_Click() {
     Session& s = ctx_.session();
     if (s.listing.out.PageCount() == 0) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    WritePrintFile(s.paths.AppPath, s.listing.out.PageLines);
+    WriteResult w = WritePrintFile(s.paths.AppPath, s.listing.out.PageLines);
     QApplication::restoreOverrideCursor();
-    openPrintWindow();
+    openPrintWindow(w);
 }
 
 void OutputD1::mnuPrintData_Click() {
@@ -238,8 +245,7 @@ void OutputD1::mnuPrintData_Click() {
         ctx_.showMessage(NoDataToPrintMessage(), this);
         return;
     }
-    WritePrintFile(s.paths.AppPath, s.listing.out.AllLines);
-    openPrintWindow();
+    openPrintWindow(WritePrintFile(s.paths.AppPath, s.listing.out.AllLines));
 }
 
 void OutputD1::mnuHelp_Click() {

@@ -4,6 +4,8 @@
 
 #include <QMainWindow>
 
+#include "base/SafeWrite.h"
+
 class QAction;
 class QPlainTextEdit;
 
@@ -50,7 +52,7 @@ class OutputD1 : public QMainWindow {
     void RichText1_MouseUp(Qt::MouseButton button);
     void applyFont();
     void writeData(const QString& file);
-    void openPrintWindow();
+    void openPrintWindow(const WriteResult& printFile);
 
     AppContext& ctx_;
     bool DataPositioning = false;

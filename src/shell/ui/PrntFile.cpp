@@ -53,9 +53,12 @@ void PrntFile::btnPrint_Click() {
         else
             crlf += c;
     }
-    WriteFileBytes(PrintFilePath(s.paths.AppPath), crlf);
-    auto lines = ReadLines(PrintFilePath(s.paths.AppPath)).value_or(std::vector<std::string>{});
-    auto pages = PrintPages(lines, s.options[30]);
+    // What is printed is the box's text, also when the print file could not
+    // take it.
+    const auto file = PrintFilePath(s.paths.AppPath);
+    if (WriteResult w = ReplaceFile(file, crlf); !w)
+        ctx_.showMessage(WriteFailedMessage(file, w), this);
+    auto pages = PrintPages(SplitLines(crlf), s.options[30]);
 
     PrintTextPages(printer, pages, PrintFontSize(PrintWidthClass));
     QApplication::restoreOverrideCursor();
