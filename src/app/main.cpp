@@ -16,8 +16,9 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     const auto exeDir = kal::ExecutableDir();
-    auto appPath = kal::ResolveAppPath(exeDir, std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
-    if (!appPath) {
+    auto programDir =
+        kal::ResolveAppPath(exeDir, std::getenv("XDG_DATA_HOME"), std::getenv("HOME"));
+    if (!programDir) {
         QMessageBox::critical(
             nullptr, "Error!",
             "The program's data files (NATAL.ORB and the others) were not found beside "
@@ -32,7 +33,9 @@ int main(int argc, char** argv) {
     main->setAttribute(Qt::WA_DeleteOnClose, false);
     kal::ui::Kaltrova::StartupChoices choices;
     choices.shippedDir = kal::ShippedDataDir(exeDir).value_or(std::filesystem::path());
-    main->Form_Load(*appPath, choices);
+    // Files of a first start that could not be copied into the user's folder.
+    ctx.showMessages(programDir->messages);
+    main->Form_Load(programDir->path, choices);
     int rc = app.exec();
     if (!main->isShutDown()) main->mnuFileExit_Click();
     delete main;

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "atlas/PlaceIndex.h"
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 #include "base/VbText.h"
 
@@ -84,33 +85,92 @@ bool IsWritableDir(const fs::path& dir) {
     return true;
 }
 
-bool CopyProgramData(const fs::path& from, const fs::path& to) {
+namespace {
+
+// A program (an ELF file or a script), which is not data to copy.
+bool IsProgram(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    char head[4] = {};
+    in.read(head, sizeof head);
+    const bool elf =
+        in.gcount() == 4 && head[0] == 0x7f && head[1] == 'E' && head[2] == 'L' && head[3] == 'F';
+    const bool script = in.gcount() >= 2 && head[0] == '#' && head[1] == '!';
+    return elf || script;
+}
+
+// Files the user changes through the program's editors and commands: kept
+// as they are unless empty.
+bool UserFile(const fs::path& file) {
+    const std::string ext = Upper(file.extension().string());
+    const std::string name = Upper(file.filename().string());
+    for (const char* e : {".FIL", ".OLD", ".LL", ".ORB", ".NAM", ".INI"})
+        if (ext == e) return true;
+    return name == "OPTIONS.OPT";
+}
+
+bool NeedsCopy(const fs::path& shipped, const fs::path& target) {
+    std::error_code ec;
+    if (!fs::exists(fs::symlink_status(target, ec))) return true;
+    if (!fs::is_regular_file(target, ec) || fs::is_symlink(target, ec)) return false;
+    const auto have = fs::file_size(target, ec);
+    if (ec) return false;
+    const auto want = fs::file_size(shipped, ec);
+    if (ec) return false;
+    if (have == 0) return want != 0;
+    return !UserFile(target) && have != want;
+}
+
+} // namespace
+
+CopyReport CopyProgramData(const fs::path& from, const fs::path& to) {
+    CopyReport report;
     std::error_code ec;
     fs::create_directories(to, ec);
-    if (!fs::is_directory(to, ec)) return false;
+    if (!fs::is_directory(to, ec)) {
+        report.folderMade = false;
+        return report;
+    }
     const fs::path atlasFolder = fs::path(kAtlasFile).parent_path();
-    bool ok = true;
     for (fs::recursive_directory_iterator it(from, ec), end; !ec && it != end; it.increment(ec)) {
-        fs::path rel = it->path().lexically_relative(from);
+        const fs::path rel = it->path().lexically_relative(from);
+        const fs::path target = to / rel;
+        std::error_code e2;
         // Fifteen megabytes the program never writes stay where they are.
-        std::error_code e1;
-        if (Lower(rel.string()) == Lower(atlasFolder.string()) && it->is_directory(e1)) {
+        if (Lower(rel.string()) == Lower(atlasFolder.string()) && it->is_directory(e2)) {
             it.disable_recursion_pending();
             continue;
         }
-        fs::path target = to / rel;
-        std::error_code e2;
-        if (fs::exists(fs::symlink_status(target, e2))) continue;
         if (it->is_symlink(e2)) {
-            fs::copy_symlink(it->path(), target, e2);
+            if (!fs::exists(fs::symlink_status(target, e2)))
+                fs::copy_symlink(it->path(), target, e2);
         } else if (it->is_directory(e2)) {
             fs::create_directories(target, e2);
+        } else if (it->is_regular_file(e2) && !IsProgram(it->path()) &&
+                   NeedsCopy(it->path(), target)) {
+            WriteResult w = ReplaceFileWithCopy(it->path(), target);
+            if (!w) report.failed.emplace_back(target, w);
+            continue;
         } else {
-            fs::copy_file(it->path(), target, e2);
+            continue;
         }
-        if (e2) ok = false;
+        if (e2) report.failed.emplace_back(target, WriteResult{false, e2.message(), e2.value()});
     }
-    return ok && !ec;
+    return report;
+}
+
+Messages CopyProblems(const CopyReport& report, const fs::path& to) {
+    Messages out;
+    if (!report.folderMade)
+        out.push_back({"The folder " + to.string() +
+                           " cannot be made; the program works in its own folder, where nothing "
+                           "can be saved.",
+                       "Warning!", Icon::Exclamation});
+    for (const auto& [file, why] : report.failed)
+        out.push_back({"The file " + file.filename().string() + " could not be copied into " +
+                           to.string() + " (" + why.reason +
+                           "). It is copied again at the next start.",
+                       "Warning!", Icon::Exclamation});
+    return out;
 }
 
 std::optional<fs::path> ShippedDataDir(const fs::path& exeDir) {
@@ -130,12 +190,12 @@ fs::path FindAtlasFile(const fs::path& appPath, const fs::path& shippedDir) {
     return {};
 }
 
-std::optional<fs::path> ResolveAppPath(const fs::path& exeDir, const char* xdgDataHome,
-                                       const char* home,
-                                       const std::function<bool(const fs::path&)>& writable) {
+std::optional<ProgramDirectory>
+ResolveAppPath(const fs::path& exeDir, const char* xdgDataHome, const char* home,
+               const std::function<bool(const fs::path&)>& writable) {
     std::optional<fs::path> shipped = ShippedDataDir(exeDir);
     if (!shipped) return std::nullopt;
-    if (writable(*shipped)) return shipped;
+    if (writable(*shipped)) return ProgramDirectory{*shipped, {}};
 
     fs::path userData;
     if (xdgDataHome && *xdgDataHome)
@@ -143,9 +203,11 @@ std::optional<fs::path> ResolveAppPath(const fs::path& exeDir, const char* xdgDa
     else if (home && *home)
         userData = fs::path(home) / ".local" / "share" / "kaltrova";
     else
-        return shipped;
-    if (!CopyProgramData(*shipped, userData) && !HoldsProgramData(userData)) return shipped;
-    return userData;
+        return ProgramDirectory{*shipped, {}};
+    CopyReport report = CopyProgramData(*shipped, userData);
+    Messages told = CopyProblems(report, userData);
+    if (!HoldsProgramData(userData)) return ProgramDirectory{*shipped, told};
+    return ProgramDirectory{userData, told};
 }
 
 } // namespace kal

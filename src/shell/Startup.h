@@ -10,6 +10,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
+
+#include "base/Message.h"
+#include "base/SafeWrite.h"
 
 namespace kal {
 
@@ -47,10 +52,31 @@ std::string ClockCaption(std::string_view prefix, const std::tm& now, short time
 bool HoldsProgramData(const std::filesystem::path& dir);
 // True when a file can be created in `dir`.
 bool IsWritableDir(const std::filesystem::path& dir);
-// Copies every file and folder of `from` into `to` that `to` does not hold
-// yet (links are copied as links), except the atlas: the program only reads
-// it, and it is read where it was shipped. False when `to` cannot be made.
-bool CopyProgramData(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// What copying the shipped files into the user's folder did.
+struct CopyReport {
+    bool folderMade = true;
+    // The files that could not be copied, with the reason.
+    std::vector<std::pair<std::filesystem::path, WriteResult>> failed;
+
+    explicit operator bool() const { return folderMade && failed.empty(); }
+};
+// Copies the shipped files of `from` into `to` (links as links; programs
+// and the atlas, which the program only reads where it was shipped, left
+// out), each through a temporary file so that a full disk leaves no
+// empty or cut file behind. A file `to` already holds is kept, unless it is
+// empty while the shipped one is not, or it is a file the program only
+// reads (help and interpretation texts, tables, OPTIONS.MST ...) whose size
+// differs from the shipped one: those are repaired.
+CopyReport CopyProgramData(const std::filesystem::path& from, const std::filesystem::path& to);
+
+// The message for each file a copy could not make.
+Messages CopyProblems(const CopyReport& report, const std::filesystem::path& to);
+
+struct ProgramDirectory {
+    std::filesystem::path path;
+    Messages messages; // what the user is told (files that could not be copied)
+};
 
 // The folder the data files were shipped in: the executable's folder or
 // ../share/kaltrova beside it, the first that holds them.
@@ -65,10 +91,10 @@ std::filesystem::path FindAtlasFile(const std::filesystem::path& appPath,
 // The program directory: the first of the executable's folder and
 // ../share/kaltrova beside it that holds the data. When that folder is not
 // writable, the user's data folder ($XDG_DATA_HOME/kaltrova, or
-// $HOME/.local/share/kaltrova) receives the shipped files it lacks and is
-// used instead. Nothing when no data folder is found.
+// $HOME/.local/share/kaltrova) receives the shipped files it lacks (or
+// holds damaged) and is used instead. Nothing when no data folder is found.
 // `writable` decides whether a folder can be written (IsWritableDir).
-std::optional<std::filesystem::path>
+std::optional<ProgramDirectory>
 ResolveAppPath(const std::filesystem::path& exeDir, const char* xdgDataHome, const char* home,
                const std::function<bool(const std::filesystem::path&)>& writable = IsWritableDir);
 

@@ -2,6 +2,8 @@
 // clock, the program directory and the options editor's saved bytes.
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include "TestSupport.h"
 #include "base/TextFile.h"
 #include "shell/EditorFile.h"
@@ -65,7 +67,7 @@ TEST(ProgramDirectory, WritableDataFolderIsUsedAsItIs) {
     test::ScratchAppDir dir;
     auto p = ResolveAppPath(dir.path(), "/nonexistent", "/nonexistent");
     ASSERT_TRUE(p);
-    EXPECT_EQ(*p, dir.path());
+    EXPECT_EQ(p->path, dir.path());
     EXPECT_FALSE(ResolveAppPath(dir.path() / "no-data-here", nullptr, nullptr));
 }
 
@@ -78,16 +80,20 @@ TEST(ProgramDirectory, ReadOnlyInstallIsCopiedToTheUserDataFolder) {
 
     auto p = ResolveAppPath(shipped.path(), (home.path() / "xdg").c_str(), nullptr, readOnly);
     ASSERT_TRUE(p);
-    EXPECT_EQ(*p, home.path() / "xdg" / "kaltrova");
-    EXPECT_TRUE(HoldsProgramData(*p));
-    EXPECT_TRUE(fs::exists(*p / "sub" / "inner.txt"));
-    // The ephemeris folder comes along as the link it is.
-    EXPECT_TRUE(fs::is_symlink(*p / "ephems"));
+    EXPECT_EQ(p->path, home.path() / "xdg" / "kaltrova");
+    EXPECT_TRUE(p->messages.empty());
+    EXPECT_TRUE(HoldsProgramData(p->path));
+    EXPECT_TRUE(fs::exists(p->path / "sub" / "inner.txt"));
+    // The ephemeris folder comes along as the link it is; the programs stay
+    // behind.
+    EXPECT_TRUE(fs::is_symlink(p->path / "ephems"));
+    EXPECT_FALSE(fs::exists(p->path / "kaltrova-cli"));
+    EXPECT_FALSE(fs::exists(p->path / "kaltrova"));
 
     // Without XDG_DATA_HOME the folder is under HOME.
     p = ResolveAppPath(shipped.path(), "", home.path().c_str(), readOnly);
     ASSERT_TRUE(p);
-    EXPECT_EQ(*p, home.path() / ".local" / "share" / "kaltrova");
+    EXPECT_EQ(p->path, home.path() / ".local" / "share" / "kaltrova");
 
     // An installed layout: bin/ beside share/kaltrova.
     test::ScratchAppDir prefix;
@@ -97,16 +103,22 @@ TEST(ProgramDirectory, ReadOnlyInstallIsCopiedToTheUserDataFolder) {
                prefix.path() / "share" / "kaltrova" / "NATAL.ORB");
     p = ResolveAppPath(prefix.path() / "bin", nullptr, nullptr);
     ASSERT_TRUE(p);
-    EXPECT_EQ(*p, prefix.path() / "share" / "kaltrova");
+    EXPECT_EQ(p->path, prefix.path() / "share" / "kaltrova");
 }
 
-TEST(ProgramDirectory, CopyKeepsWhatTheUserFolderHolds) {
+TEST(ProgramDirectory, CopyKeepsTheUsersFilesAndRepairsDamagedOnes) {
     test::ScratchAppDir shipped;
     test::ScratchAppDir user;
     shipped.Write("NAMES.FIL", "shipped\r\n");
     user.Write("NAMES.FIL", "mine\r\n");
+    // What a copy cut short by a full disk left behind.
+    user.Write("Dravik_Natal_Orbs.ORB", "");
+    user.Write("TZ.DAT", "\"Eastern");
+    user.Write("OPTIONS.MST", "");
     ASSERT_TRUE(CopyProgramData(shipped.path(), user.path()));
     EXPECT_EQ(*ReadFileBytes(user.path() / "NAMES.FIL"), "mine\r\n");
+    for (const char* name : {"Dravik_Natal_Orbs.ORB", "TZ.DAT", "OPTIONS.MST"})
+        EXPECT_EQ(ReadFileBytes(user.path() / name), ReadFileBytes(shipped.path() / name)) << name;
     EXPECT_TRUE(HoldsProgramData(user.path()));
 }
 
@@ -118,24 +130,91 @@ TEST(ProgramDirectory, AtlasIsReadWhereItWasShipped) {
     fs::create_directories(shipped.path() / "atlas");
     shipped.Write("atlas/ATLAS.DAT", "shipped atlas");
     auto readOnly = [&](const fs::path& d) { return d != shipped.path() && IsWritableDir(d); };
-    auto user = ResolveAppPath(shipped.path(), (home.path() / "xdg").c_str(), nullptr, readOnly);
-    ASSERT_TRUE(user);
-    EXPECT_FALSE(fs::exists(*user / "atlas"));
+    auto dir = ResolveAppPath(shipped.path(), (home.path() / "xdg").c_str(), nullptr, readOnly);
+    ASSERT_TRUE(dir);
+    const fs::path user = dir->path;
+    EXPECT_FALSE(fs::exists(user / "atlas"));
     EXPECT_EQ(ShippedDataDir(shipped.path()), shipped.path());
-    EXPECT_EQ(FindAtlasFile(*user, shipped.path()), shipped.path() / "atlas" / "ATLAS.DAT");
+    EXPECT_EQ(FindAtlasFile(user, shipped.path()), shipped.path() / "atlas" / "ATLAS.DAT");
     // An atlas of the program directory's own comes first.
-    fs::create_directories(*user / "atlas");
-    std::ofstream(*user / "atlas" / "ATLAS.DAT") << "own atlas";
-    EXPECT_EQ(FindAtlasFile(*user, shipped.path()), *user / "atlas" / "ATLAS.DAT");
+    fs::create_directories(user / "atlas");
+    std::ofstream(user / "atlas" / "ATLAS.DAT") << "own atlas";
+    EXPECT_EQ(FindAtlasFile(user, shipped.path()), user / "atlas" / "ATLAS.DAT");
     // Neither: no atlas, and the lookup is not offered.
     EXPECT_TRUE(FindAtlasFile(home.path(), {}).empty());
     Session s;
     s.Open(home.path());
     EXPECT_FALSE(s.paths.AtlasAvailable);
     s.Close();
-    s.Open(*user, shipped.path());
+    s.Open(user, shipped.path());
     EXPECT_TRUE(s.paths.AtlasAvailable);
     s.Close();
+}
+
+namespace {
+
+// Every shipped data file is in `user` whole, or not at all.
+void ExpectWholeOrMissing(const fs::path& shipped, const fs::path& user, size_t& missing) {
+    missing = 0;
+    for (const auto& e : fs::directory_iterator(shipped)) {
+        if (!e.is_regular_file() || e.path().filename().string().starts_with("kaltrova")) continue;
+        const fs::path copy = user / e.path().filename();
+        if (!fs::exists(copy)) {
+            ++missing;
+            continue;
+        }
+        EXPECT_EQ(fs::file_size(copy), e.file_size()) << copy;
+    }
+    for (const auto& e : fs::directory_iterator(user))
+        EXPECT_FALSE(e.path().filename().string().starts_with(".")) << "left behind: " << e.path();
+}
+
+} // namespace
+
+TEST(ProgramDirectory, FirstStartOnADiskThatFillsIsToldAndRepairedNextTime) {
+    test::ScratchAppDir shipped;
+    auto readOnly = [&](const fs::path& d) { return d != shipped.path(); };
+    const fs::path orbs = FindFile(shipped.path(), "Dravik_Natal_Orbs.ORB");
+    size_t missing = 0;
+
+    // A write hook: the disk is full from the fifth file on.
+    {
+        test::ScratchAppDir home;
+        const fs::path xdg = home.path() / "xdg";
+        ProgramDirectory first;
+        {
+            test::WriteFault full(WriteStep::Write, 5, ENOSPC);
+            first = ResolveAppPath(shipped.path(), xdg.c_str(), nullptr, readOnly).value();
+        }
+        ASSERT_FALSE(first.messages.empty());
+        EXPECT_NE(first.messages[0].text.find("could not be copied into " +
+                                              (xdg / "kaltrova").string() +
+                                              " (the disk is full). It is copied again at the "
+                                              "next start."),
+                  std::string::npos);
+        ExpectWholeOrMissing(shipped.path(), xdg / "kaltrova", missing);
+        EXPECT_GT(missing, 0u);
+        auto second = ResolveAppPath(shipped.path(), xdg.c_str(), nullptr, readOnly);
+        EXPECT_TRUE(second->messages.empty());
+        ExpectWholeOrMissing(shipped.path(), xdg / "kaltrova", missing);
+        EXPECT_EQ(missing, 0u);
+    }
+
+    // A real disk.
+    test::SmallDisk disk(512 * 1024);
+    if (!disk.mounted()) GTEST_SKIP() << "no small disk to fill on this machine: " << disk.whyNot();
+    auto first = ResolveAppPath(shipped.path(), disk.path().c_str(), nullptr, readOnly);
+    ASSERT_TRUE(first);
+    EXPECT_FALSE(first->messages.empty());
+    ExpectWholeOrMissing(shipped.path(), disk.path() / "kaltrova", missing);
+    EXPECT_GT(missing, 0u);
+    ASSERT_TRUE(disk.Resize(64 << 20));
+    auto second = ResolveAppPath(shipped.path(), disk.path().c_str(), nullptr, readOnly);
+    EXPECT_TRUE(second->messages.empty());
+    EXPECT_EQ(second->path, disk.path() / "kaltrova");
+    ExpectWholeOrMissing(shipped.path(), disk.path() / "kaltrova", missing);
+    EXPECT_EQ(missing, 0u);
+    EXPECT_EQ(ReadFileBytes(disk.path() / "kaltrova" / orbs.filename()), ReadFileBytes(orbs));
 }
 
 TEST(OptionsEditor, SaveEndsEveryLineOnce) {

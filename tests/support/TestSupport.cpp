@@ -106,6 +106,11 @@ SmallDisk::~SmallDisk() {
     fs::remove(path_, ec);
 }
 
+bool SmallDisk::Resize(size_t bytes) const {
+    const std::string opts = "size=" + std::to_string(bytes);
+    return ::mount(nullptr, path_.c_str(), nullptr, MS_REMOUNT, opts.c_str()) == 0;
+}
+
 void SmallDisk::Fill() const {
     int fd = ::open((path_ / "filler").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
     if (fd < 0) return;

@@ -58,6 +58,8 @@ class SmallDisk {
     const std::filesystem::path& path() const { return path_; }
     // Fills the disk to the last byte.
     void Fill() const;
+    // Gives the disk a new size (its files stay).
+    bool Resize(size_t bytes) const;
 
   private:
     std::filesystem::path path_;
