@@ -1,9 +1,11 @@
 #include "base/OutputBuffer.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <string_view>
 #include <system_error>
 
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 
 namespace kal {
@@ -96,17 +98,28 @@ std::string PageText(const OutputBuffer& out, const std::string& eol) {
     return text;
 }
 
-bool ShowDataPage(OutputBuffer& out, const std::filesystem::path& appPath, bool minimised) {
-    if (minimised) return false;
-    if (out.AllCount() == 0) return false;
+Message PageNotWrittenMessage(const std::filesystem::path& file, const std::string& reason) {
+    return {"The page could not be written to " + file.string() + " (" + reason +
+                "); the file still holds the page before it.",
+            "Error!", Icon::Critical};
+}
+
+ShownPage ShowDataPage(OutputBuffer& out, const std::filesystem::path& appPath, bool minimised) {
+    if (minimised) return {};
+    if (out.AllCount() == 0) return {};
     out.AppendBlankLine();
     const std::string text = PageText(out, "\r\n");
-    if (WriteFileBytes(LastPagePath(appPath), text)) return true;
-    // The program folders are made at start; one removed since is made
-    // again.
-    std::error_code ec;
-    std::filesystem::create_directories(FindFile(appPath, "reports"), ec);
-    return WriteFileBytes(LastPagePath(appPath), text);
+    const auto file = LastPagePath(appPath);
+    WriteResult w = ReplaceFile(file, text);
+    if (!w && w.error == ENOENT) {
+        // The program folders are made at start; one removed since is made
+        // again.
+        std::error_code ec;
+        std::filesystem::create_directories(FindFile(appPath, "reports"), ec);
+        w = ReplaceFile(file, text);
+    }
+    if (!w) return {false, PageNotWrittenMessage(file, w.reason)};
+    return {true, std::nullopt};
 }
 
 } // namespace kal

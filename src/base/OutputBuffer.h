@@ -4,9 +4,12 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "base/Message.h"
 
 namespace kal {
 
@@ -53,11 +56,23 @@ struct OutputBuffer {
 // The page file the data window shows.
 std::filesystem::path LastPagePath(const std::filesystem::path& appPath);
 
+// What ShowDataPage did.
+struct ShownPage {
+    bool shown = false; // the page is complete and in reports/LASTPAGE.TXT
+    // The page is complete but the file could not take it (the file keeps
+    // the page before, whole): the message to show.
+    std::optional<Message> notWritten;
+
+    explicit operator bool() const { return shown; }
+};
+
 // Shows the page: when AllLines holds anything, appends the closing blank line
 // and writes PageLines (spare element included) to reports/LASTPAGE.TXT with
-// CR LF. Returns false when there was nothing to show or the file could not be
-// written. A minimised data window shows nothing.
-bool ShowDataPage(OutputBuffer& out, const std::filesystem::path& appPath, bool minimised = false);
+// CR LF. A minimised data window, or an empty buffer, shows nothing.
+ShownPage ShowDataPage(OutputBuffer& out, const std::filesystem::path& appPath,
+                       bool minimised = false);
+// The message for a page that could not be written to its file.
+Message PageNotWrittenMessage(const std::filesystem::path& file, const std::string& reason);
 
 // The text ShowDataPage writes, with the given line end.
 std::string PageText(const OutputBuffer& out, const std::string& eol);

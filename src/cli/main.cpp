@@ -175,12 +175,12 @@ struct RecordRun {
 };
 
 // Closes the page as ShowDataPage does (its blank line); `show` writes it to
-// reports/LASTPAGE.TXT as well.
-void ClosePage(Session& s, bool show) {
-    if (show)
-        s.ShowDataPage();
-    else if (s.listing.out.AllCount() > 0)
-        s.listing.out.AppendBlankLine();
+// reports/LASTPAGE.TXT as well, and gives the message when the file could
+// not take it.
+std::optional<Message> ClosePage(Session& s, bool show) {
+    if (show) return s.ShowDataPage().notWritten;
+    if (s.listing.out.AllCount() > 0) s.listing.out.AppendBlankLine();
+    return std::nullopt;
 }
 
 // Moves the record into the input fields, calculates as OK does and runs the
@@ -205,7 +205,8 @@ RecordRun RunRecord(Session& s, BirthRecord rec, const std::string& command, boo
         return run;
     }
     run.calculated = true;
-    if (show || calcPage) ClosePage(s, show);
+    std::optional<Message> notWritten;
+    if (show || calcPage) notWritten = ClosePage(s, show);
 #ifdef KALTROVA_WHEEL_EXPORT
     if (wheel) {
         run.status = ExportWheelOf(
@@ -222,11 +223,18 @@ RecordRun RunRecord(Session& s, BirthRecord rec, const std::string& command, boo
     Messages msgs = calc.messages;
     if (!calcPage) {
         msgs = cmd(s);
-        if (msgs.empty()) ClosePage(s, show);
+        if (msgs.empty()) notWritten = ClosePage(s, show);
     }
     if (!msgs.empty()) {
         run.messages = std::move(msgs);
         run.status = 1;
+        return run;
+    }
+    // The page given is the one in reports/LASTPAGE.TXT; when the file
+    // could not take it, that is an error and no page is given.
+    if (notWritten) {
+        run.messages = {*notWritten};
+        run.status = 74;
         return run;
     }
     if (command == "report") {
@@ -346,11 +354,17 @@ int RunBatch(Session& s, const SessionSetup& setup, const NamesList& list,
     std::fflush(stdout);
 
     // The wheel command's page is the calculation's.
-    if (lastCalculated < n)
-        RunRecord(s, list.records[lastCalculated], wheel ? "page" : command, true);
+    bool pageWritten = true;
+    if (lastCalculated < n) {
+        RecordRun last = RunRecord(s, list.records[lastCalculated], wheel ? "page" : command, true);
+        if (last.status == 74) {
+            PrintMessages(last.messages);
+            pageWritten = false;
+        }
+    }
     std::cerr << "kaltrova-cli: " << given << (given == 1 ? " record" : " records")
               << " calculated, " << refused << " refused\n";
-    return given == 0 ? 65 : 0;
+    return given == 0 ? 65 : pageWritten ? 0 : 74;
 }
 
 // "1944-08-01" and "10:00" into a clock; false when they are not such.

@@ -71,7 +71,7 @@ void Session::BeginDataPage() {
     ChartHeader(calc.chart, regional.DateOrder, listing.out);
 }
 
-bool Session::ShowDataPage(bool minimised) {
+ShownPage Session::ShowDataPage(bool minimised) {
     return kal::ShowDataPage(listing.out, paths.AppPath, minimised);
 }
 

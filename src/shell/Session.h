@@ -106,8 +106,9 @@ struct Session {
     void BeginDataPage();
     // Shows the current page: its closing blank line, and the page written
     // to reports/LASTPAGE.TXT. Nothing when `minimised` (the data window is
-    // minimised) or the buffer is empty.
-    bool ShowDataPage(bool minimised = false);
+    // minimised) or the buffer is empty; a message when the file could not
+    // take the page.
+    ShownPage ShowDataPage(bool minimised = false);
 
     // A Data-menu command: BeginDataPage and the listing. A refused listing
     // leaves the page empty. `restore` first brings the

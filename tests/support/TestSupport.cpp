@@ -111,6 +111,10 @@ bool SmallDisk::Resize(size_t bytes) const {
     return ::mount(nullptr, path_.c_str(), nullptr, MS_REMOUNT, opts.c_str()) == 0;
 }
 
+bool SmallDisk::MakeReadOnly() const {
+    return ::mount(nullptr, path_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+}
+
 void SmallDisk::Fill() const {
     int fd = ::open((path_ / "filler").c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
     if (fd < 0) return;

@@ -60,6 +60,8 @@ class SmallDisk {
     void Fill() const;
     // Gives the disk a new size (its files stay).
     bool Resize(size_t bytes) const;
+    // Makes the disk read-only.
+    bool MakeReadOnly() const;
 
   private:
     std::filesystem::path path_;

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QtTest>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "ShellUiSupport.h"
@@ -28,6 +29,7 @@ class DataWindowTest : public QObject {
     void emptyBufferMessagesClearAndEscape();
     void fontStepsAndMenuStates();
     void printPageAndDataThroughThePrintWindow();
+    void aPageThatCannotBeWrittenIsSaidNeverStale();
 };
 
 namespace {
@@ -229,3 +231,34 @@ void DataWindowTest::printPageAndDataThroughThePrintWindow() {
 
 QTEST_MAIN(DataWindowTest)
 #include "shell_datawindow_test.moc"
+
+void DataWindowTest::aPageThatCannotBeWrittenIsSaidNeverStale() {
+    StartedProgram p;
+    QVERIFY(p.calculate(test::kExampleRecord));
+    const std::string before = ReadFileBytes(p.dir.path() / "reports" / "LASTPAGE.TXT").value();
+
+    // The disk fills while the next person's page is written.
+    {
+        test::WriteFault full(WriteStep::Write, 1, ENOSPC);
+        QVERIFY(p.calculate(test::kMaryRecord));
+    }
+    QVERIFY(!p.dialogs->messages.empty());
+    QCOMPARE(p.dialogs->messages.back().text,
+             "The page could not be written to " +
+                 (p.dir.path() / "reports" / "LASTPAGE.TXT").string() +
+                 " (the disk is full); the file still holds the page before it.");
+    QCOMPARE(ReadFileBytes(p.dir.path() / "reports" / "LASTPAGE.TXT").value(), before);
+    // The data window shows Mary's page, not Example's.
+    const QString shown = DataWindow(p)->RichText1->toPlainText();
+    QVERIFY(shown.contains("Mary Jane Smith"));
+    QVERIFY(!shown.contains("Example"));
+
+    // A listing command the same way.
+    {
+        test::WriteFault full(WriteStep::Rename, 1, EROFS);
+        p.trigger("mnuDataCosmicState");
+    }
+    QVERIFY(p.dialogs->messages.back().text.find("(the disk is read-only)") != std::string::npos);
+    QVERIFY(DataWindow(p)->RichText1->toPlainText().contains("Mary Jane Smith"));
+    QCOMPARE(ReadFileBytes(p.dir.path() / "reports" / "LASTPAGE.TXT").value(), before);
+}

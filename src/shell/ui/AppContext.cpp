@@ -161,7 +161,9 @@ void AppContext::runListing(const std::function<Messages(Session&)>& listing, QW
     {
         WaitCursor wait;
         msgs = listing(session_);
-        if (msgs.empty()) session_.ShowDataPage(display_.DataWindowMinimised);
+        if (msgs.empty())
+            if (auto m = session_.ShowDataPage(display_.DataWindowMinimised).notWritten)
+                msgs.push_back(*m);
     }
     showMessages(msgs, parent);
     // A listing that could not run leaves the page empty and the window as
@@ -182,7 +184,9 @@ bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation,
     {
         WaitCursor wait;
         outcome = calculation();
-        if (outcome.calculated) session_.ShowDataPage(display_.DataWindowMinimised);
+        if (outcome.calculated)
+            if (auto m = session_.ShowDataPage(display_.DataWindowMinimised).notWritten)
+                outcome.messages.push_back(*m);
     }
     showMessages(outcome.messages, parent);
     if (!outcome.calculated) return false;

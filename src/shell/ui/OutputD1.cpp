@@ -125,13 +125,14 @@ void OutputD1::changeEvent(QEvent* e) {
 }
 
 void OutputD1::LoadPage() {
-    auto bytes = ReadFileBytes(LastPagePath(ctx_.session().paths.AppPath));
-    QByteArray raw =
-        bytes ? QByteArray(bytes->data(), static_cast<qsizetype>(bytes->size())) : QByteArray();
+    // The page as it was composed, which is what reports/LASTPAGE.TXT holds
+    // when it could be written (when it could not, the file holds an older
+    // page, which must not pass for this one).
+    const std::string bytes = PageText(ctx_.session().listing.out, "\n");
+    const QByteArray raw(bytes.data(), static_cast<qsizetype>(bytes.size()));
     // Pages are UTF-8; older single-byte text shows as Latin-1.
     QString text = QString::fromUtf8(raw);
     if (text.contains(QChar::ReplacementCharacter)) text = QString::fromLatin1(raw);
-    text.replace("\r\n", "\n");
     RichText1->setPlainText(text);
     setWindowTitle(QString::fromStdString(ctx_.display().TitlePrefix) + "Data");
     show();
@@ -142,12 +143,13 @@ void OutputD1::RefreshDataPage() {
     Session& s = ctx_.session();
     if (s.listing.out.PageCount() == 0) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    s.ShowDataPage(ctx_.display().DataWindowMinimised);
+    ShownPage shown = s.ShowDataPage(ctx_.display().DataWindowMinimised);
     LoadPage();
     const Settings& st = ctx_.display().settings;
     mnuFontsDecrease->setEnabled(CanDecreaseFont(st.ListFontSize));
     mnuFontsIncrease->setEnabled(CanIncreaseFont(st.ListFontSize));
     QApplication::restoreOverrideCursor();
+    if (shown.notWritten) ctx_.showMessage(*shown.notWritten, this);
 }
 
 void OutputD1::mnuFontsIncrease_Click() {

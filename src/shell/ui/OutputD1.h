@@ -22,7 +22,8 @@ class OutputD1 : public QMainWindow {
     QPlainTextEdit* RichText1 = nullptr;
 
   public slots:
-    // Loads reports/LASTPAGE.TXT into the box and shows the window.
+    // Shows the current page (what reports/LASTPAGE.TXT holds) in the box
+    // and shows the window.
     void LoadPage();
     // Re-shows the page after a font change and sets the font menu's states.
     void RefreshDataPage();
