@@ -51,7 +51,7 @@ std::string FormatDateDMY(const CivilDate& d) {
     return s += y;
 }
 
-std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder) {
+std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder, ShortYear shortYear) {
     // Tokens: words and numbers; "-" before a number at the start of a token
     // is a separator except for the year written alone with a sign.
     std::array<std::string_view, 3> tok;
@@ -85,6 +85,7 @@ std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder) {
         return v;
     };
     CivilDate d;
+    std::string_view yearText;
     int wordAt = -1;
     for (int i = 0; i < 3; ++i)
         if (!isNum(tok[static_cast<size_t>(i)])) {
@@ -100,22 +101,28 @@ std::optional<CivilDate> ParseDate(std::string_view text, int dateOrder) {
         // The year is the number written with more than two digits or above
         // 31; otherwise the first number is the day.
         bool firstIsYear = nums[0].size() > 2 || number(nums[0]) > 31;
-        d.year = number(firstIsYear ? nums[0] : nums[1]);
+        yearText = firstIsYear ? nums[0] : nums[1];
         d.day = number(firstIsYear ? nums[1] : nums[0]);
     } else {
         int a = number(tok[0]), b = number(tok[1]), c = number(tok[2]);
         switch (dateOrder) {
         case 1:
             d = {a, b, c};
+            yearText = tok[2];
             break;
         case 2:
             d = {c, b, a};
+            yearText = tok[0];
             break;
         default:
             d = {b, a, c};
+            yearText = tok[2];
             break;
         }
     }
+    d.year = number(yearText);
+    if (shortYear == ShortYear::Windowed && yearText.size() <= 2)
+        d.year += d.year < 30 ? 2000 : 1900;
     if (d.month < 1 || d.month > 12 || d.day < 1) return std::nullopt;
     int dim =
         d.month == 2 && IsLeap(d.year)

@@ -271,6 +271,12 @@ std::optional<double> NumberText(std::string_view t) {
     return std::strtod(s.c_str(), nullptr);
 }
 
+std::optional<double> FieldNumber(std::string_view text) {
+    auto v = NumberText(text);
+    if (!v || !std::isfinite(*v) || std::fabs(*v) >= 1e15) return std::nullopt;
+    return v;
+}
+
 std::vector<std::string> SplitFields(std::string_view line) {
     std::vector<std::string> f;
     size_t start = 0;

@@ -43,6 +43,12 @@ double Val(std::string_view text);
 // for any other text.
 std::optional<double> NumberText(std::string_view text);
 
+// The value of a plain number (NumberText) that the general number-to-text
+// form writes in plain digits: finite and below 1e15 in size. A number read
+// from a data file goes through a text field as that form, and a larger one
+// would come back as "1E+16", read as 1. Nothing for any other text.
+std::optional<double> FieldNumber(std::string_view text);
+
 // Splits a data-file line at its commas; leading blanks of each field are
 // skipped. A line without commas is one field.
 std::vector<std::string> SplitFields(std::string_view line);

@@ -77,7 +77,7 @@ std::optional<Message> TransferPlace(const CityRecord& c, InputFields& in) {
     if (!lonMin) return CityFormatError();
     in.txtLongMin = std::to_string(*lonMin);
 
-    auto tz = NumberText(c.PlaceTZ);
+    auto tz = FieldNumber(c.PlaceTZ);
     if (!tz) return CityFormatError();
     in.txtTZ = NumText(*tz);
 

@@ -30,20 +30,22 @@ std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFiel
     in.txtName = rec.RecName;
 
     // Date.
+    // A year written with two digits ("12 May 59") is read as the system's
+    // date reader reads it.
     if (dateOrder == 2 && rec.RecDate.size() >= 5 && rec.RecDate[4] != ' ') {
-        auto d = ParseDate(rec.RecDate, 1);
+        auto d = ParseDate(rec.RecDate, 1, ShortYear::Windowed);
         if (!d) return RecordFormatError();
         rec.RecDate = std::to_string(d->year) + " " + std::string(MonthAbbr(d->month)) + " " +
                       FormatNumber(d->day, "00");
     }
-    auto d = ParseDate(rec.RecDate, dateOrder);
+    auto d = ParseDate(rec.RecDate, dateOrder, ShortYear::Windowed);
     if (!d) return RecordFormatError();
     in.txtMonth = std::to_string(d->month);
     in.txtDay = std::to_string(d->day);
     in.txtYear = std::to_string(d->year);
 
     // Time and half of day.
-    auto t = NumberText(rec.RecTime);
+    auto t = FieldNumber(rec.RecTime);
     if (!t) return RecordFormatError();
     double th = std::floor(*t);
     // Setting the hour field runs its check, as typing does: hour 0 becomes
@@ -55,8 +57,8 @@ std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFiel
     in.optAM = Upper(Trim(rec.RecAmPm)) == "A";
 
     // Longitude and time zone.
-    auto lon = NumberText(rec.RecLong);
-    auto tz = NumberText(rec.RecTZ);
+    auto lon = FieldNumber(rec.RecLong);
+    auto tz = FieldNumber(rec.RecTZ);
     if (!lon || !tz) return RecordFormatError();
     double al = std::fabs(*lon);
     in.txtLongDeg = NumText(std::floor(al));
@@ -65,7 +67,7 @@ std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFiel
     in.txtLongMin = FormatNumber((al - std::floor(al)) * 100, "#0");
 
     // Latitude.
-    auto lat = NumberText(rec.RecLat);
+    auto lat = FieldNumber(rec.RecLat);
     if (!lat) return RecordFormatError();
     double aa = std::fabs(*lat);
     in.txtLatDeg = NumText(std::floor(aa));

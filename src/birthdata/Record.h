@@ -31,8 +31,11 @@ Message RecordFormatError();
 
 // Moves a record into the input fields as a pick in the names list does.
 // With date order 2 the stored date is first rearranged to "yyyy Mmm dd"
-// (and written back into the record). On a field that cannot be converted
-// the format error is returned and the remaining fields are left as they were.
+// (and written back into the record). A year of two digits is read as a
+// system date reader does (00-29 the 2000s, 30-99 the 1900s). On a field
+// that cannot be converted (a number with more digits than a field can show
+// among them) the format error is returned and the remaining fields are
+// left as they were.
 std::optional<Message> TransferRecord(BirthRecord& rec, int dateOrder, InputFields& in);
 
 } // namespace kal

@@ -123,7 +123,7 @@ std::optional<Message> ApplyZone(const ZoneTable& t, std::string_view line, Inpu
     const std::string name = ZoneNameOfLine(line);
     for (size_t i = 0; i < t.ZoneName.size(); ++i) {
         if (t.ZoneName[i] != name) continue;
-        if (!NumberText(t.ZoneOffset[i]).has_value()) return TzCorruptMessage();
+        if (!FieldNumber(t.ZoneOffset[i]).has_value()) return TzCorruptMessage();
         double v = Val(t.ZoneOffset[i]);
         in.optEast = v < 0;
         in.txtTZ = StrText(v);

@@ -4,6 +4,7 @@
 #include <swephexp.h>
 
 #include "base/VbText.h"
+#include "chart/Tables.h"
 
 namespace kal {
 
@@ -53,8 +54,18 @@ Messages InputChecks(const InputFields& in, char houseLetter) {
     if (Val(in.txtTZ) > 12 || Val(in.txtTZ) < -13) fail(kInputError);
     if (Val(in.txtLongDeg) > 180 || Val(in.txtLongMin) > 59) fail(kInputError);
     // A latitude beyond the pole has no houses in any system.
-    if (Val(in.txtLatMin) > 59 || Val(in.txtLatDeg) > 90) fail(kInputError);
+    if (Val(in.txtLatMin) > 59 || Val(in.txtLatDeg) + Val(in.txtLatMin) / 100 > 90)
+        fail(kInputError);
+    // Year 0 is refused as empty above; a year before it as a year of its own.
+    if (Val(in.txtYear) < 0) fail(YearBeforeOneMessage(Trim(in.txtYear)));
     return out;
+}
+
+Message YearBeforeOneMessage(const std::string& year) {
+    return {"The year " + year +
+                " cannot be calculated: charts are cast for the years 1 to 2099 of the "
+                "common era. Please correct the birth year.",
+            "Warning!", Icon::Information};
 }
 
 void FillIdentityFromInput(Chart& c, const InputFields& in, int dateOrder) {
@@ -152,7 +163,27 @@ std::string SiderealTimeText(double armc) {
     return s;
 }
 
-void CalcEphemeris(Chart& c) {
+namespace {
+
+// The library's error text without its trailing blanks, line breaks and stop.
+std::string LibraryText(const char* serr) {
+    std::string t = serr;
+    while (!t.empty() && (t.back() == ' ' || t.back() == '\n' || t.back() == '.')) t.pop_back();
+    for (char& ch : t)
+        if (ch == '\n') ch = ' ';
+    return t;
+}
+
+Message EphemerisError(const std::string& libraryText) {
+    return {"The positions could not be calculated for this date (" + libraryText +
+                "). The chart has not been changed.",
+            "Error!", Icon::Critical};
+}
+
+} // namespace
+
+EphemerisStatus CalcEphemeris(Chart& c) {
+    EphemerisStatus status;
     c.UTHours = c.CalcMinute / 60.0 + c.CalcHour;
     c.JulDayUT = swe_julday(c.CalcYear, c.CalcMonth, c.CalcDay, c.UTHours, SE_GREG_CAL);
     double jdOut = 0;
@@ -162,13 +193,24 @@ void CalcEphemeris(Chart& c) {
     for (int i = 0; i <= 10; ++i) {
         double xx[6] = {0, 0, 0, 0, 0, 0};
         char serr[256] = "";
-        swe_calc(et, i, SEFLG_SWIEPH | SEFLG_SPEED, xx, serr);
+        const int got = swe_calc(et, i, SEFLG_SWIEPH | SEFLG_SPEED, xx, serr);
+        // An error (a damaged file, a date beyond every model) leaves zeros:
+        // no position at all.
+        if (got < 0) {
+            if (!status.error) status.error = EphemerisError(LibraryText(serr));
+            continue;
+        }
+        // The flags tell which ephemeris answered: without a file for the
+        // date the library falls back to its analytical model.
+        if ((got & SEFLG_MOSEPH) != 0) status.analytical = true;
         int k = i == 0 ? Sun : i == 1 ? Moon : i == 10 ? NNode : i;
         c.PlanetLong[static_cast<size_t>(k)] = xx[0];
         c.PlanetSpeed[static_cast<size_t>(k)] = xx[3];
     }
 
     double cusps[13] = {}, ascmc[10] = {};
+    // At a latitude its system cannot serve (which only a time step reaches:
+    // the input checks refuse it) the library gives Porphyry's cusps.
     swe_houses(c.JulDayUT, c.GeoLat, c.GeoLong, c.HouseSystem, cusps, ascmc);
     c.ARMC = ascmc[2];
     c.SiderealTime = SiderealTimeText(c.ARMC);
@@ -188,6 +230,7 @@ void CalcEphemeris(Chart& c) {
     for (int j = 1; j <= NumBodies - 2; ++j)
         if (c.PlanetSpeed[static_cast<size_t>(j)] < 0)
             c.RetroFlags[static_cast<size_t>(j - 1)] = 'R';
+    return status;
 }
 
 void FindPlanetHouses(Chart& c) {
@@ -210,39 +253,44 @@ void FindPlanetHouses(Chart& c) {
 namespace {
 
 // Ephemeris, houses and the natal copy, once the identity and the moment
-// are set.
-void CastFromCalcInputs(Chart& c) {
-    CalcEphemeris(c);
-    c.NatalSidereal = c.SiderealTime;
-    c.NatalCusp = c.CuspTable;
-    FindPlanetHouses(c);
-    c.NatalLong = c.PlanetLong;
-    c.NatalSpeed = c.PlanetSpeed;
-    c.NatalRetro = c.RetroFlags;
-    c.SunMoonMid = Midpoint(c.NatalLong[Moon], c.NatalLong[Sun]);
-    c.JupPlutoMid = Midpoint(c.NatalLong[Pluto], c.NatalLong[Jupiter]);
+// are set. Worked on a copy: a chart the library could not calculate is not
+// taken.
+CastResult CastFromCalcInputs(Chart& c, Chart next) {
+    EphemerisStatus status = CalcEphemeris(next);
+    if (status.error) return {{*status.error}, status.analytical};
+    next.NatalSidereal = next.SiderealTime;
+    next.NatalCusp = next.CuspTable;
+    FindPlanetHouses(next);
+    next.NatalLong = next.PlanetLong;
+    next.NatalSpeed = next.PlanetSpeed;
+    next.NatalRetro = next.RetroFlags;
+    next.SunMoonMid = Midpoint(next.NatalLong[Moon], next.NatalLong[Sun]);
+    next.JupPlutoMid = Midpoint(next.NatalLong[Pluto], next.NatalLong[Jupiter]);
+    c = std::move(next);
+    return {{}, status.analytical};
 }
 
 } // namespace
 
-Messages CastChart(Chart& c, const InputFields& in, char houseSystem, int dateOrder) {
+CastResult CastChart(Chart& c, const InputFields& in, char houseSystem, int dateOrder) {
     c.HouseSystem = houseSystem;
     Messages checks = InputChecks(in, houseSystem);
-    if (!checks.empty()) return checks;
-    FillIdentityFromInput(c, in, dateOrder);
-    CalcJulDayLocal(c);
-    SetCalcInputsFromInput(c, in);
-    CastFromCalcInputs(c);
-    return {};
+    if (!checks.empty()) return {checks, false};
+    Chart next = c;
+    FillIdentityFromInput(next, in, dateOrder);
+    CalcJulDayLocal(next);
+    SetCalcInputsFromInput(next, in);
+    return CastFromCalcInputs(c, std::move(next));
 }
 
-void CastChart(Chart& c, const SteppedRecord& r, const std::string& inputName, char houseSystem,
-               int dateOrder) {
+CastResult CastChart(Chart& c, const SteppedRecord& r, const std::string& inputName,
+                     char houseSystem, int dateOrder) {
     c.HouseSystem = houseSystem;
-    FillIdentityFromStepped(c, r, inputName, dateOrder);
-    CalcJulDayLocal(c);
-    SetCalcInputsFromStepped(c, r);
-    CastFromCalcInputs(c);
+    Chart next = c;
+    FillIdentityFromStepped(next, r, inputName, dateOrder);
+    CalcJulDayLocal(next);
+    SetCalcInputsFromStepped(next, r);
+    return CastFromCalcInputs(c, std::move(next));
 }
 
 void OpenEphemeris(const std::filesystem::path& ephemsDir) {

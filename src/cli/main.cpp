@@ -1,5 +1,6 @@
 // kaltrova-cli: the core without windows, for batch work, scripting and tests.
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <condition_variable>
 #include <cstdio>
@@ -203,6 +204,12 @@ RecordRun RunRecord(Session& s, BirthRecord rec, const std::string& command, boo
         run.messages = calc.messages;
         run.status = 1;
         return run;
+    }
+    // The analytical model standing in for the ephemeris files is named
+    // once per run, whichever session of a batch met it first.
+    if (calc.notice) {
+        static std::atomic<bool> named{false};
+        if (!named.exchange(true)) std::cerr << "kaltrova-cli: " << *calc.notice << "\n";
     }
     run.calculated = true;
     std::optional<Message> notWritten;

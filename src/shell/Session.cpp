@@ -38,31 +38,42 @@ ListingTables Session::Tables() {
             listing.FocusPlanet};
 }
 
+std::string AnalyticalModelNotice(const std::filesystem::path& ephemsDir) {
+    return "positions from the analytical model: no ephemeris file for this date in " +
+           ephemsDir.string();
+}
+
 CalcOutcome Session::Calculate(const InputFields& in) {
     listing.out.ClearAllLines();
     listing.out.ClearDataPage();
     calc.UpdateMode = 0;
     calc.input = in;
-    Messages checks = CastChart(calc.chart, calc.input, calc.HouseSystem, regional.DateOrder);
-    if (!checks.empty()) return {false, checks};
-    return FinishCalculation();
+    CastResult cast = CastChart(calc.chart, calc.input, calc.HouseSystem, regional.DateOrder);
+    if (!cast.cast()) return {false, cast.messages, std::nullopt};
+    return FinishCalculation(cast);
 }
 
 CalcOutcome Session::Calculate(const SteppedRecord& r) {
     calc.UpdateMode = 1;
     calc.upd = r;
-    CastChart(calc.chart, calc.upd, calc.input.txtName, calc.HouseSystem, regional.DateOrder);
-    return FinishCalculation();
+    CastResult cast =
+        CastChart(calc.chart, calc.upd, calc.input.txtName, calc.HouseSystem, regional.DateOrder);
+    if (!cast.cast()) return {false, cast.messages, std::nullopt};
+    return FinishCalculation(cast);
 }
 
-CalcOutcome Session::FinishCalculation() {
+CalcOutcome Session::FinishCalculation(const CastResult& cast) {
     listing.HeaderLines = {};
     listing.HeaderLines2 = {};
     listing.out.ClearDataPage();
     ListingTables tables = Tables();
-    CalcOutcome outcome{true, CalculationPage(calc.chart, tables, listing.out)};
+    CalcOutcome outcome{true, CalculationPage(calc.chart, tables, listing.out), std::nullopt};
     BuildHeaderLines(calc.chart, regional.DateOrder, listing.HeaderLines, listing.HeaderLines2);
     paths.OrbFilePath = NatalOrbPath(paths.AppPath, listing.orbs);
+    if (cast.analytical && !calc.AnalyticalNamed) {
+        calc.AnalyticalNamed = true;
+        outcome.notice = AnalyticalModelNotice(FindFile(paths.AppPath, "ephems"));
+    }
     return outcome;
 }
 

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "analyses/Listings.h"
@@ -39,10 +40,11 @@ struct Regional {
 
 struct ChartState {
     Chart chart;
-    InputFields input;      // what the chart was last calculated from
-    SteppedRecord upd;      // the wheel's stepped moment
-    short UpdateMode = 0;   // 0 from the input fields, 1 from the stepped record
-    char HouseSystem = 'P'; // the house system of the next calculation
+    InputFields input;            // what the chart was last calculated from
+    SteppedRecord upd;            // the wheel's stepped moment
+    short UpdateMode = 0;         // 0 from the input fields, 1 from the stepped record
+    char HouseSystem = 'P';       // the house system of the next calculation
+    bool AnalyticalNamed = false; // the analytical model's stand-in was named this run
 };
 
 struct ListingState {
@@ -60,7 +62,15 @@ struct ListingState {
 struct CalcOutcome {
     bool calculated = false;
     Messages messages;
+    // Said the first time in a run that the library's analytical model
+    // stood in for a missing ephemeris file: for a status line or standard
+    // error, not a message box.
+    std::optional<std::string> notice;
 };
+
+// The notice of the analytical model standing in for the ephemeris files of
+// `ephemsDir`.
+std::string AnalyticalModelNotice(const std::filesystem::path& ephemsDir);
 
 struct Session {
     SessionPaths paths;
@@ -130,7 +140,7 @@ struct Session {
     Messages CmdNatalReport(ReportProgress* progress = nullptr);
 
   private:
-    CalcOutcome FinishCalculation();
+    CalcOutcome FinishCalculation(const CastResult& cast);
 };
 
 } // namespace kal

@@ -2,6 +2,7 @@
 // the birth-hour check, the key filters and the zone sign of E/W.
 #include <gtest/gtest.h>
 
+#include "birthdata/CitiesFile.h"
 #include "birthdata/InputRules.h"
 #include "birthdata/Record.h"
 
@@ -167,6 +168,47 @@ TEST(TransferRecord, MinutesOfTimeAndCoordinates) {
     EXPECT_EQ(r->RecDate, "2007 Mar 05");
     EXPECT_EQ(in.txtMonth, "3");
     EXPECT_EQ(in.txtDay, "5");
+}
+
+TEST(TransferRecord, TwoDigitYearsAsASystemDateReaderReadsThem) {
+    const struct {
+        const char* date;
+        int order;
+        const char* year;
+    } rows[] = {
+        {"12 May 59", 0, "1959"}, {"12 May 30", 1, "1930"},   {"12 May 29", 0, "2029"},
+        {"12 May 05", 2, "2005"}, {"12 May 0059", 0, "59"},   {"12 May 1959", 2, "1959"},
+        {"59 May 12", 0, "1959"}, {"1959 May 12", 0, "1959"},
+    };
+    for (const auto& row : rows) {
+        auto r = ParseRecordLine(std::string("P,") + row.date + ",9.05,A,5,75.23,39.45,");
+        InputFields in;
+        ASSERT_FALSE(TransferRecord(*r, row.order, in)) << row.date;
+        EXPECT_EQ(in.txtYear, row.year) << row.date;
+        EXPECT_EQ(in.txtMonth + "/" + in.txtDay, "5/12") << row.date;
+    }
+}
+
+TEST(TransferRecord, NumbersAFieldCannotShowAreFormatErrors) {
+    const std::string huge = "99999999999999999999";
+    const std::string endless(400, '9');
+    for (const std::string& line : {"P,12 May 1959," + huge + ",A,6,75.23,39.45,",
+                                    "P,12 May 1959,10.43,A," + huge + ",75.23,39.45,",
+                                    "P,12 May 1959,10.43,A,6," + huge + ",39.45,",
+                                    "P,12 May 1959,10.43,A,6,75.23," + huge + ",",
+                                    "P,12 May 1959,10.43,A,6," + endless + ",39.45,",
+                                    "P,12 May 1959,10.43,A,6,75.23," + endless + ","}) {
+        InputFields in;
+        BirthRecord r = *ParseRecordLine(line);
+        EXPECT_EQ(TransferRecord(r, 0, in), RecordFormatError()) << line;
+    }
+    // The largest values a field shows in plain digits still go through, to
+    // the range checks of the calculation.
+    InputFields in;
+    BirthRecord big = *ParseRecordLine("P,12 May 1959,10.43,A,6,99999999999999.5,39.45,");
+    ASSERT_FALSE(TransferRecord(big, 0, in));
+    EXPECT_EQ(in.txtLongDeg, "99999999999999");
+    EXPECT_EQ(TransferPlace(*ParseCityLine("X,Y,71W04,42N21," + huge), in), CityFormatError());
 }
 
 } // namespace

@@ -62,6 +62,12 @@ TEST(InputChecks, OneMessagePerFailingTest) {
         {"longitude 181", [](InputFields& in) { in.txtLongDeg = "181"; }, 'P', 1},
         {"hour 13", [](InputFields& in) { in.txtBirthHour = "13"; }, 'P', 1},
         {"latitude 91", [](InputFields& in) { in.txtLatDeg = "91"; }, 'O', 1},
+        // Beyond the pole by its minutes.
+        {"latitude 90 30", [](InputFields& in) { in.txtLatDeg = "90", in.txtLatMin = "30"; }, 'O',
+         1},
+        {"latitude 90 00", [](InputFields& in) { in.txtLatDeg = "90", in.txtLatMin = "0"; }, 'O',
+         0},
+        {"year 1", [](InputFields& in) { in.txtYear = "1"; }, 'P', 0},
         {"east zone west", [](InputFields& in) { in.txtTZ = "-3"; }, 'P', 1},
         {"east zone east", [](InputFields& in) { in.txtTZ = "-3", in.optEast = true; }, 'P', 0},
         {"zone -13", [](InputFields& in) { in.txtTZ = "-13", in.optEast = true; }, 'P', 0},
@@ -87,6 +93,13 @@ TEST(InputChecks, OneMessagePerFailingTest) {
     in.txtLatDeg = "66";
     in.txtLatMin = "1";
     EXPECT_EQ(Texts(InputChecks(in, 'P')), std::vector<std::string>{kLatMsg});
+    // A year before 1 gets a message of its own.
+    in = Valid();
+    in.txtYear = "-5000";
+    EXPECT_EQ(Texts(InputChecks(in, 'P')),
+              std::vector<std::string>{"The year -5000 cannot be calculated: charts are cast for "
+                                       "the years 1 to 2099 of the common era. Please correct the "
+                                       "birth year."});
 }
 
 TEST(CalcInputs, TwelveHourClockAndZone) {

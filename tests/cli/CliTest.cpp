@@ -474,3 +474,70 @@ TEST(CliBatch, ANulInANameCutsNothing) {
     EXPECT_NE(r.out.find(std::string("Jo\0e", 4)), std::string::npos);
     EXPECT_NE(r.out.find("HOUSE CUSPS - Placidus"), std::string::npos);
 }
+
+TEST(CliEphemeris, ADamagedFileIsAnErrorAndNoPage) {
+    namespace fs = std::filesystem;
+    const fs::path shipped = fs::canonical(kal::test::AppDir() / "ephems");
+    for (const std::string& damage : {"cut", "empty", "noise"}) {
+        kal::test::ScratchAppDir dir;
+        // An ephemeris folder of its own, with a damaged planet file.
+        fs::remove(dir.path() / "ephems");
+        fs::create_directory(dir.path() / "ephems");
+        for (const auto& e : fs::directory_iterator(shipped))
+            if (e.path().filename() != "sepl_18.se1")
+                fs::create_symlink(fs::canonical(e.path()),
+                                   dir.path() / "ephems" / e.path().filename());
+        std::string bytes = *kal::ReadFileBytes(shipped / "sepl_18.se1");
+        if (damage == "cut") bytes.resize(bytes.size() / 3);
+        if (damage == "empty") bytes.clear();
+        if (damage == "noise")
+            for (size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7919 % 251);
+        dir.Write("ephems/sepl_18.se1", bytes);
+
+        auto r = RunShell(Cli(dir.path(), "career --record " + ShellQuote(kExample) + " 2>&1"));
+        EXPECT_EQ(r.status, 1) << damage;
+        EXPECT_EQ(
+            r.out.rfind("Error! The positions could not be calculated for this date (Ephemeris "
+                        "file ",
+                        0),
+            0u)
+            << r.out;
+        EXPECT_NE(r.out.find("sepl_18.se1 is damaged"), std::string::npos) << r.out;
+        // No page at all, and none written.
+        EXPECT_EQ(r.out.find("Example"), std::string::npos) << damage;
+        EXPECT_FALSE(fs::exists(dir.path() / "reports" / "LASTPAGE.TXT")) << damage;
+    }
+}
+
+TEST(CliEphemeris, TheAnalyticalModelIsNamedOncePerRun) {
+    namespace fs = std::filesystem;
+    kal::test::ScratchAppDir dir;
+    const std::string notice = "kaltrova-cli: positions from the analytical model: no ephemeris "
+                               "file for this date in " +
+                               (dir.path() / "ephems").string() + "\n";
+    auto countNotices = [&](const std::string& text) {
+        size_t n = 0;
+        for (size_t at = text.find(notice); at != std::string::npos; at = text.find(notice, at + 1))
+            ++n;
+        return n;
+    };
+    // The shipped files begin in 1800: a birth in 1750 has none.
+    dir.Write("OLD.FIL", "Early,12 May 1750,10.43,A,6,75.23,39.45,\r\nLater,12 May 1760,1.00,P,6,"
+                         "75.23,39.45,\r\n" +
+                             kExample + "\r\n");
+    auto early =
+        RunShell(Cli(dir.path(), "batch --names " + ShellQuote((dir.path() / "OLD.FIL").string()) +
+                                     " natal 2>&1 >/dev/null"));
+    EXPECT_EQ(early.status, 0);
+    EXPECT_EQ(countNotices(early.out), 1u) << early.out;
+    // A date the files cover says nothing.
+    auto covered = RunShell(Cli(dir.path(), "natal --record " + ShellQuote(kExample) + " 2>&1"));
+    EXPECT_EQ(covered.out, Stored("example_natal_placidus.txt"));
+
+    // Without the ephemeris folder every date falls back, and says so.
+    fs::remove(dir.path() / "ephems");
+    auto none =
+        RunShell(Cli(dir.path(), "natal --record " + ShellQuote(kExample) + " 2>&1 >/dev/null"));
+    EXPECT_EQ(none.status, 0);
+    EXPECT_EQ(none.out, notice);
+}

@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QtTest>
 
 #include <cerrno>
@@ -30,6 +31,7 @@ class DataWindowTest : public QObject {
     void fontStepsAndMenuStates();
     void printPageAndDataThroughThePrintWindow();
     void aPageThatCannotBeWrittenIsSaidNeverStale();
+    void whatTheEphemerisSaysReachesTheUser();
 };
 
 namespace {
@@ -261,4 +263,41 @@ void DataWindowTest::aPageThatCannotBeWrittenIsSaidNeverStale() {
     QVERIFY(p.dialogs->messages.back().text.find("(the disk is read-only)") != std::string::npos);
     QVERIFY(DataWindow(p)->RichText1->toPlainText().contains("Mary Jane Smith"));
     QCOMPARE(ReadFileBytes(p.dir.path() / "reports" / "LASTPAGE.TXT").value(), before);
+}
+
+void DataWindowTest::whatTheEphemerisSaysReachesTheUser() {
+    // No ephemeris folder: the analytical model stands in, named once in
+    // the data window's status line.
+    StartedProgram p([](const test::ScratchAppDir& d) { fs::remove(d.path() / "ephems"); });
+    QVERIFY(p.calculate(test::kExampleRecord));
+    QVERIFY(p.dialogs->messages.empty());
+    auto* status = DataWindow(p)->findChild<QStatusBar*>();
+    QVERIFY(status);
+    QCOMPARE(status->currentMessage().toStdString(),
+             "positions from the analytical model: no ephemeris file for this date in " +
+                 (p.dir.path() / "ephems").string());
+    QCoreApplication::processEvents();
+    test::SaveScreenshot(DataWindow(p), "data_window_analytical_model");
+    p.trigger("mnuInputData");
+    QVERIFY(p.calculate(test::kMaryRecord));
+    auto* again = DataWindow(p)->findChild<QStatusBar*>();
+    QVERIFY(!again || again->currentMessage().isEmpty());
+
+    // A damaged planet file: an error, the chart and the page as they were.
+    StartedProgram d([](const test::ScratchAppDir& dir) {
+        fs::remove(dir.path() / "ephems");
+        fs::create_directory(dir.path() / "ephems");
+        for (const auto& e : fs::directory_iterator(test::AppDir() / "ephems"))
+            if (e.path().filename() != "sepl_18.se1")
+                fs::create_symlink(fs::canonical(e.path()),
+                                   dir.path() / "ephems" / e.path().filename());
+        dir.Write("ephems/sepl_18.se1", std::string(1000, 'x'));
+    });
+    QVERIFY(!d.calculate(test::kExampleRecord));
+    QCOMPARE(d.dialogs->messages.size(), size_t(1));
+    QVERIFY(d.dialogs->messages[0].text.starts_with(
+        "The positions could not be calculated for this date (Ephemeris file "));
+    QCOMPARE(d.dialogs->messages[0].caption, std::string("Error!"));
+    QVERIFY(!fs::exists(d.dir.path() / "reports" / "LASTPAGE.TXT"));
+    QVERIFY(!d.action("mnuData")->isEnabled());
 }

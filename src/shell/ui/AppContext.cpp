@@ -192,6 +192,9 @@ bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation,
     if (!outcome.calculated) return false;
     emit chartCalculated();
     showDataPage();
+    if (outcome.notice)
+        if (auto* data = qobject_cast<OutputD1*>(window(win::OutputD1)))
+            data->showStatus(QString::fromStdString(*outcome.notice));
     // The chart wheel is drawn again from the new chart.
     if (hasCommand(cmd::ReopenWheel)) {
         runCommand(cmd::ReopenWheel, {});

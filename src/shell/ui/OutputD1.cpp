@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 
 #include "base/TextFile.h"
 #include "shell/DataFile.h"
@@ -137,6 +138,13 @@ void OutputD1::LoadPage() {
     setWindowTitle(QString::fromStdString(ctx_.display().TitlePrefix) + "Data");
     show();
     raise();
+}
+
+void OutputD1::showStatus(const QString& text) {
+    // The bar is made when it is first needed, after the window is shown.
+    QStatusBar* bar = statusBar();
+    bar->show();
+    bar->showMessage(text);
 }
 
 void OutputD1::RefreshDataPage() {

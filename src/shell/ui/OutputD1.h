@@ -25,6 +25,8 @@ class OutputD1 : public QMainWindow {
     // Shows the current page (what reports/LASTPAGE.TXT holds) in the box
     // and shows the window.
     void LoadPage();
+    // A line in the window's status bar that stays until the window closes.
+    void showStatus(const QString& text);
     // Re-shows the page after a font change and sets the font menu's states.
     void RefreshDataPage();
 
