@@ -27,6 +27,34 @@ inline constexpr std::uintmax_t MaxReadBytes = 64u << 20;
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& file,
                                          std::uintmax_t limit = MaxReadBytes);
 
+// The encodings of the text files the program reads and writes back: its
+// own UTF-8, and the Windows-1252 of files written by older Windows copies.
+enum class TextEncoding { Utf8, Windows1252 };
+
+// True when the bytes are well-formed UTF-8.
+bool IsUtf8(std::string_view bytes);
+
+// Text as the program holds it (UTF-8) with the encoding its file had:
+// bytes that are not UTF-8 are read as Windows-1252.
+struct DecodedText {
+    std::string text;
+    TextEncoding encoding = TextEncoding::Utf8;
+};
+DecodedText DecodeText(std::string_view bytes);
+
+// UTF-8 text as bytes of `encoding`; nothing when a character has no place
+// in it.
+std::optional<std::string> EncodeText(std::string_view utf8, TextEncoding encoding);
+// UTF-8 text as bytes of `encoding` where every character has a place in
+// it, else as UTF-8 (nothing is lost); `used` gets the encoding written.
+std::string EncodeTextOrUtf8(std::string_view utf8, TextEncoding encoding,
+                             TextEncoding* used = nullptr);
+
+// The lines of a text file decoded to UTF-8 (DecodeText), or nothing when
+// it cannot be read; `encoding` gets the file's encoding.
+std::optional<std::vector<std::string>> ReadTextLines(const std::filesystem::path& file,
+                                                      TextEncoding* encoding = nullptr);
+
 // Splits text into lines at CR LF, LF or a lone CR.
 std::vector<std::string> SplitLines(std::string_view text);
 

@@ -52,8 +52,8 @@ std::string CityLine(const CityRecord& c) {
 
 CitiesList LoadCitiesFile(const std::filesystem::path& file) {
     CitiesList list;
-    list.opened =
-        ReadListFile(file, ParseCityLine, CitiesFileLineError(), list.places, list.errors);
+    list.opened = ReadListFile(file, ParseCityLine, CitiesFileLineError(), list.places, list.errors,
+                               &list.encoding);
     return list;
 }
 

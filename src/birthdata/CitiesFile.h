@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/Message.h"
+#include "base/TextFile.h"
 #include "chart/InputFields.h"
 
 namespace kal {
@@ -23,8 +24,9 @@ struct CityRecord {
 
 struct CitiesList {
     bool opened = false;
-    std::vector<CityRecord> places; // in file order
-    Messages errors;                // one per line that is not a place
+    std::vector<CityRecord> places;             // in file order
+    Messages errors;                            // one per line that is not a place
+    TextEncoding encoding = TextEncoding::Utf8; // the file's, for writing it back
 };
 
 Message CitiesFileLineError();

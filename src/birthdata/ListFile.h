@@ -21,11 +21,15 @@ struct ListLines {
 
 // Appends the items of `file` parsed by `parse` (a line -> optional item) to
 // `items`, and one `lineError` per line that does not parse; `where`, when
-// given, gets their line numbers. False when the file cannot be read.
+// given, gets their line numbers. The lines are read as UTF-8, or as
+// Windows-1252 when the file is not UTF-8 (names and places written by older
+// Windows copies); `encoding`, when given, gets which. False when the file
+// cannot be read.
 template <class Item, class Parse>
 bool ReadListFile(const std::filesystem::path& file, Parse parse, const Message& lineError,
-                  std::vector<Item>& items, Messages& errors, ListLines* where = nullptr) {
-    auto lines = ReadLines(file);
+                  std::vector<Item>& items, Messages& errors, TextEncoding* encoding = nullptr,
+                  ListLines* where = nullptr) {
+    auto lines = ReadTextLines(file, encoding);
     if (!lines) return false;
     int number = 0;
     for (const auto& line : *lines) {

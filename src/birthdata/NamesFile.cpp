@@ -15,7 +15,7 @@ Message NamesFileLineError() {
 NamesList LoadNamesFile(const std::filesystem::path& file) {
     NamesList list;
     list.opened = ReadListFile(file, ParseRecordLine, NamesFileLineError(), list.records,
-                               list.errors, &list.lines);
+                               list.errors, &list.encoding, &list.lines);
     return list;
 }
 

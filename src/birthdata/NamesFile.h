@@ -6,16 +6,18 @@
 #include <vector>
 
 #include "base/Message.h"
+#include "base/TextFile.h"
 #include "birthdata/ListFile.h"
 #include "birthdata/Record.h"
 
 namespace kal {
 
 struct NamesList {
-    bool opened = false;              // false: the file could not be read
-    std::vector<BirthRecord> records; // in file order
-    Messages errors;                  // one per line that is not a record
-    ListLines lines;                  // the line numbers of both
+    bool opened = false;                        // false: the file could not be read
+    std::vector<BirthRecord> records;           // in file order
+    Messages errors;                            // one per line that is not a record
+    ListLines lines;                            // the line numbers of both
+    TextEncoding encoding = TextEncoding::Utf8; // the file's, for writing it back
 };
 
 // The error shown for a line of a names file that cannot be read.

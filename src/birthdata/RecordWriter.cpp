@@ -108,8 +108,11 @@ SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::
     std::error_code ec;
     const bool targetExists = fs::exists(target, ec);
     std::vector<std::string> lines;
+    // The file is written back in the encoding it has (a names file of an
+    // older Windows copy stays Windows-1252).
+    TextEncoding encoding = TextEncoding::Utf8;
     if (targetExists) {
-        auto old = ReadLines(target);
+        auto old = ReadTextLines(target, &encoding);
         if (!old) return fail("the names file cannot be read");
         for (const auto& line : *old) {
             if (Trim(line).empty()) continue;
@@ -124,8 +127,9 @@ SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::
         }
     }
     lines.push_back(RecordLine(rec));
-    std::string bytes;
-    for (const auto& l : lines) bytes += l + "\r\n";
+    std::string text;
+    for (const auto& l : lines) text += l + "\r\n";
+    const std::string bytes = EncodeTextOrUtf8(text, encoding);
 
     // The new content is complete and on the disk in the temporary file
     // before the names file is touched.

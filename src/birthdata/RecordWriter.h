@@ -49,8 +49,9 @@ struct SaveResult {
 // `tempFile` (a record whose name matches the new one is left out when
 // `replace` answers true), the new record is added at the end, the copy is
 // flushed to the disk, then the old file becomes the backup and the copy
-// takes its place. A missing target is created. On any failure the target
-// keeps its content and the reason is reported.
+// takes its place. A missing target is created; an existing one keeps its
+// encoding (Windows-1252 or UTF-8). On any failure the target keeps its
+// content and the reason is reported.
 SaveResult SaveRecord(const BirthRecord& rec, const std::filesystem::path& target,
                       const std::filesystem::path& tempFile, const ReplaceQuestion& replace);
 

@@ -105,6 +105,19 @@ TEST(CitiesFile, LoadingFindingAndWritingCoordinates) {
     EXPECT_EQ(CityLine(list.places[0]), "Boston,MA,71W04,42N21,5");
 }
 
+TEST(CitiesFile, Windows1252PlacesAreReadAndTransferred) {
+    test::ScratchAppDir dir;
+    dir.Write("W.LL", "S\xe3o Paulo,BR,46W38,23S33,3\r\n");
+    auto list = LoadCitiesFile(dir.path() / "W.LL");
+    ASSERT_EQ(list.places.size(), 1u);
+    EXPECT_EQ(list.encoding, TextEncoding::Windows1252);
+    EXPECT_EQ(list.places[0].PlaceName, "São Paulo,BR");
+    EXPECT_EQ(FindPlace(list.places, "São Paulo,BR"), 0);
+    InputFields in;
+    EXPECT_FALSE(TransferPlace(list.places[0], in));
+    EXPECT_EQ(in.txtLatDeg, "23");
+}
+
 TEST(CitiesFile, ShippedFileReadsWithoutErrors) {
     auto list = LoadCitiesFile(test::AppDir() / "GA_MA.LL");
     ASSERT_TRUE(list.opened);

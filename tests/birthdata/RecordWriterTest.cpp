@@ -153,6 +153,36 @@ TEST(SaveRecord, LinesThatAreNotRecordsSurviveTheCopy) {
     EXPECT_EQ(BackupPath(d.path / "X.FIL"), d.path / "X.OLD");
 }
 
+TEST(SaveRecord, AWindows1252FileKeepsItsBytes) {
+    TempDir d;
+    const std::string old = "Jos\xe9 M\xfcller,12 May 1959,10.43,A,6,75.23,39.45,\r\n"
+                            "S\xe3o line that is no record\r\n";
+    d.write("W.FIL", old);
+    auto list = LoadNamesFile(d.path / "W.FIL");
+    ASSERT_EQ(list.records.size(), 1u);
+    EXPECT_EQ(list.records[0].RecName, "José Müller");
+    EXPECT_EQ(list.encoding, TextEncoding::Windows1252);
+
+    // The old lines keep their bytes and the new record is written in the
+    // file's encoding.
+    InputFields zoe = Mary();
+    zoe.txtName = "Zoë Brontë";
+    ASSERT_TRUE(SaveInputRecord(zoe, 0, d.path, d.path / "W.FIL", nullptr).saved);
+    EXPECT_EQ(d.read("W.FIL"),
+              old + "Zo\xeb Bront\xeb,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org\r\n");
+    EXPECT_EQ(d.read("W.OLD"), old);
+
+    // A name the encoding cannot hold: the whole file becomes UTF-8, and
+    // nothing is lost.
+    zoe.txtName = "Łukasz";
+    ASSERT_TRUE(SaveInputRecord(zoe, 0, d.path, d.path / "W.FIL", nullptr).saved);
+    auto names = LoadNamesFile(d.path / "W.FIL");
+    EXPECT_EQ(names.encoding, TextEncoding::Utf8);
+    ASSERT_EQ(names.records.size(), 3u);
+    EXPECT_EQ(names.records[0].RecName, "José Müller");
+    EXPECT_EQ(names.records[2].RecName, "Łukasz");
+}
+
 TEST(SaveRecord, FailingStepsLeaveTheNamesFileAsItWas) {
     const std::string original = "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n";
     auto expectUnchanged = [&](const TempDir& names, const SaveResult& res) {

@@ -80,6 +80,7 @@ class BirthDataWindowsTest : public QObject {
     void inputFieldRules();
     void citiesPickAndEditor();
     void namesEditorKeepsTheLastLineAndTheFile();
+    void windows1252NamesFileRoundTrips();
     void timeZoneListBesideTheInputWindow();
     void makeNewNamesFile();
     void screenshots();
@@ -316,6 +317,36 @@ void BirthDataWindowsTest::namesEditorKeepsTheLastLineAndTheFile() {
     box->setPlainText("Broken,abc");
     Click(editor, "btnSave");
     QCOMPARE(*ReadFileBytes(names), std::string("Broken,abc\r\n"));
+}
+
+void BirthDataWindowsTest::windows1252NamesFileRoundTrips() {
+    const std::string bytes = "Example,12 May 1959,10.43,A,6,75.23,39.45,\r\n"
+                              "Jos\xe9 M\xfcller,3 Feb 1971,4.05,P,3,46.38,23.33,\r\n";
+    StartedProgram p([&](const test::ScratchAppDir& d) { d.Write("NAMES.FIL", bytes); });
+    const fs::path names = p.dir.path() / "NAMES.FIL";
+    auto* list = Win(p, ui::win::Names)->findChild<QListWidget*>("NamesOnFile");
+    QCOMPARE(ListTexts(Win(p, ui::win::Names), "NamesOnFile"),
+             QStringList({"Example", QString::fromUtf8("José Müller")}));
+
+    // Picked and calculated: the person of the line, not the one before.
+    Pick(Win(p, ui::win::Names), "NamesOnFile", "Example");
+    Pick(Win(p, ui::win::Names), "NamesOnFile", QString::fromUtf8("José Müller"));
+    QCOMPARE(Field(p, "txtName")->text(), QString::fromUtf8("José Müller"));
+    QCOMPARE(Field(p, "txtLongDeg")->text(), QString("46"));
+    emit list->itemDoubleClicked(list->currentItem());
+    QCoreApplication::processEvents();
+    QVERIFY(LastPage(p).find("José Müller") != std::string::npos);
+    QCOMPARE(*ReadFileBytes(names), bytes);
+
+    // The editor shows the letters and its Save writes the same bytes.
+    p.trigger("mnuInputData");
+    Click(Win(p, ui::win::Names), "cmdEditList");
+    auto* editor = Win(p, ui::win::NameEdit);
+    QVERIFY(editor);
+    auto* box = editor->findChild<QPlainTextEdit*>("txtContent");
+    QVERIFY(box->toPlainText().contains(QString::fromUtf8("José Müller")));
+    Click(editor, "btnSave");
+    QCOMPARE(*ReadFileBytes(names), bytes);
 }
 
 void BirthDataWindowsTest::timeZoneListBesideTheInputWindow() {

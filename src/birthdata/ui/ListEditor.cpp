@@ -44,14 +44,17 @@ ListEditor::ListEditor(AppContext& ctx, const std::filesystem::path& file, Windo
     resize(640, 420);
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    auto lines = ReadLines(file_);
+    auto lines = ReadTextLines(file_, &encoding_);
     txtContent_->setPlainText(
         QString::fromStdString(EditorText(lines ? *lines : std::vector<std::string>{})));
     QApplication::restoreOverrideCursor();
 }
 
 void ListEditor::btnSave_Click() {
-    std::string bytes = EditorSaveBytes(txtContent_->toPlainText().toStdString());
+    // Written back in the file's own encoding, so that a Windows-1252 file
+    // keeps its bytes; text that encoding cannot hold is written as UTF-8.
+    std::string bytes =
+        EncodeTextOrUtf8(EditorSaveBytes(txtContent_->toPlainText().toStdString()), encoding_);
     if (WriteResult w = ReplaceFile(file_, bytes); !w) {
         ctx_.showMessage(WriteFailedMessage(file_, w), this);
         return;

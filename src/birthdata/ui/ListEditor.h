@@ -7,6 +7,7 @@
 
 #include <filesystem>
 
+#include "base/TextFile.h"
 #include "shell/ui/WindowNames.h"
 
 class QPlainTextEdit;
@@ -34,6 +35,7 @@ class ListEditor : public QWidget {
 
   private:
     std::filesystem::path file_;
+    TextEncoding encoding_ = TextEncoding::Utf8; // the file's, kept for Save
     WindowName listWindow_, editorName_;
     QPlainTextEdit* txtContent_ = nullptr;
 };
