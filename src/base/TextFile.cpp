@@ -149,14 +149,6 @@ std::optional<std::vector<std::string>> ReadLines(const fs::path& file) {
     return SplitLines(*bytes);
 }
 
-bool WriteFileBytes(const fs::path& file, std::string_view bytes) {
-    return ReplaceFile(file, bytes).ok;
-}
-
-bool ReplaceFileBytes(const fs::path& file, std::string_view bytes) {
-    return ReplaceFile(file, bytes).ok;
-}
-
 WriteResult WriteLines(const fs::path& file, const std::vector<std::string>& lines,
                        std::string_view eol) {
     std::string text;

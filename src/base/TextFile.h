@@ -76,14 +76,6 @@ template <class F> void ForEachLine(std::string_view text, F f) {
 // temporary file (ReplaceFile): on failure the old file is left whole.
 WriteResult WriteLines(const std::filesystem::path& file, const std::vector<std::string>& lines,
                        std::string_view eol = "\r\n");
-// Writes bytes as they are, replacing the file the same way. False on
-// failure; ReplaceFile gives the reason.
-bool WriteFileBytes(const std::filesystem::path& file, std::string_view bytes);
-// Replaces a file's bytes without ever leaving it half written: the bytes go
-// to a temporary file beside it, which is flushed to the disk and then
-// renamed over the file. When anything fails (a full disk) the file keeps
-// its old contents and the result is false.
-bool ReplaceFileBytes(const std::filesystem::path& file, std::string_view bytes);
 
 // The entry of `dir` whose name equals `name` without regard to case; when
 // none exists, dir / name (so that a new file gets the name as given).

@@ -219,8 +219,9 @@ std::vector<std::string> ReportPagedLines(const NatalReport& report, const Optio
     return PagedLines(lines, ReportPageLayout(options));
 }
 
-bool SaveReportFile(const fs::path& file, const NatalReport& report, const Options& options) {
-    return WriteLines(file, ReportPagedLines(report, options)).ok;
+WriteResult SaveReportFile(const fs::path& file, const NatalReport& report,
+                           const Options& options) {
+    return WriteLines(file, ReportPagedLines(report, options));
 }
 
 } // namespace kal

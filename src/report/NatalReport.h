@@ -13,6 +13,7 @@
 #include "analyses/Listings.h"
 #include "base/Options.h"
 #include "base/Pages.h"
+#include "base/SafeWrite.h"
 #include "chart/Aspects.h"
 #include "chart/Chart.h"
 
@@ -145,8 +146,9 @@ PageLayout ReportPageLayout(const Options& options);
 // Lines 0 .. ReportLineCount (the last one the empty line after the report)
 // with the report's page breaks: what Save writes and Print prints.
 std::vector<std::string> ReportPagedLines(const NatalReport& report, const Options& options);
-// Writes the paged report with CR LF line ends, replacing the file.
-bool SaveReportFile(const std::filesystem::path& file, const NatalReport& report,
-                    const Options& options);
+// Writes the paged report with CR LF line ends, replacing the file (the
+// old one stays whole when the write fails).
+WriteResult SaveReportFile(const std::filesystem::path& file, const NatalReport& report,
+                           const Options& options);
 
 } // namespace kal

@@ -138,8 +138,4 @@ Message CourierMissingMessage() {
             "Information!", Icon::Exclamation};
 }
 
-Message CannotWriteFileMessage(const std::string& file) {
-    return {"Cannot write the file " + file + ".", "Error!", Icon::Critical};
-}
-
 } // namespace kal

@@ -66,7 +66,5 @@ Message NoDataToWriteMessage();
 Message NoDataToPrintMessage();
 Message AllDataClearedMessage();
 Message CourierMissingMessage();
-// A saved file that could not be written: "Cannot write the file <path>."
-Message CannotWriteFileMessage(const std::string& file);
 
 } // namespace kal

@@ -131,15 +131,3 @@ TEST(OutputBuffer, PageFolderRemovedSinceStartIsMadeAgain) {
     ASSERT_TRUE(ShowDataPage(out, dir.path()));
     EXPECT_EQ(*ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), "line\r\n\r\n\r\n");
 }
-
-TEST(TextFiles, ReplacedWholeOrNotAtAll) {
-    kal::test::ScratchAppDir dir;
-    auto file = dir.path() / "NATAL.ORB";
-    ASSERT_TRUE(kal::ReplaceFileBytes(file, "8.0\r\n6.0\r\n"));
-    EXPECT_EQ(kal::ReadFileBytes(file), std::string("8.0\r\n6.0\r\n"));
-    EXPECT_FALSE(std::filesystem::exists(dir.path() / "NATAL.ORB.tmp~"));
-    // When the new text cannot be written the file keeps the old one.
-    std::filesystem::create_directory(dir.path() / "NATAL.ORB.tmp~");
-    EXPECT_FALSE(kal::ReplaceFileBytes(file, "truncated"));
-    EXPECT_EQ(kal::ReadFileBytes(file), std::string("8.0\r\n6.0\r\n"));
-}

@@ -10,6 +10,7 @@
 #include <QRawFont>
 #include <QtTest>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "ShellUiSupport.h"
@@ -307,7 +308,16 @@ void WheelWindowsTest::aspectsWindowAndOrbFiles() {
     e->btnSave->click();
     QCOMPARE(ReadFileBytes(p.dir.path() / "EXACT.ORB").value(),
              std::string("3.5    conjunct\r\n2\r\n"));
-    QVERIFY(!fs::exists(p.dir.path() / "EXACT.ORB.tmp~"));
+    // A disk that fills: the file keeps what it held and the user is told.
+    e->txtContent->setPlainText("9\n");
+    {
+        test::WriteFault full(WriteStep::Write, 1, ENOSPC);
+        e->btnSave->click();
+    }
+    QCOMPARE(ReadFileBytes(p.dir.path() / "EXACT.ORB").value(),
+             std::string("3.5    conjunct\r\n2\r\n"));
+    QVERIFY(p.dialogs->messages.back().text.find("EXACT.ORB could not be written (the disk is "
+                                                 "full)") != std::string::npos);
 
     // A missing orb file is told before the chooser opens, and the chooser
     // does not open.

@@ -13,8 +13,9 @@ BrowserState& BrowserState::of(AppContext& ctx) {
 void ShowBrowserPage(AppContext& ctx, const Messages& messages, QWidget* parent) {
     // The page is shown also when its file was missing: it then holds the
     // blank line it opens with.
-    ctx.showMessages(messages, parent);
-    ctx.session().ShowDataPage(ctx.display().DataWindowMinimised);
+    Messages told = messages;
+    ctx.writeDataPage(told);
+    ctx.showMessages(told, parent);
     ctx.showDataPage();
 }
 

@@ -1,5 +1,6 @@
 #include "report/ui/P_Name.h"
 
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 #include "shell/DataFile.h"
 #include "shell/EditorFile.h"
@@ -38,8 +39,9 @@ void P_Name::Form_Load() {
 
 void P_Name::btnSave_Click() {
     auto file = HeaderFile(ctx_.session());
-    if (!WriteFileBytes(file, EditorSaveBytes(ui->txtContent->toPlainText().toStdString())))
-        ctx_.showMessage(CannotWriteFileMessage(file.string()), this);
+    const std::string bytes = EditorSaveBytes(ui->txtContent->toPlainText().toStdString());
+    if (WriteResult w = ReplaceFile(file, bytes); !w)
+        ctx_.showMessage(WriteFailedMessage(file, w), this);
 }
 
 void P_Name::btnQuit_Click() {

@@ -42,7 +42,7 @@ void NatalReportCommand(AppContext& ctx) {
     {
         ProgressWindow progress(ctx.mainWindow());
         msgs = s.CmdNatalReport(&progress);
-        if (msgs.empty()) s.ShowDataPage(ctx.display().DataWindowMinimised);
+        if (msgs.empty()) ctx.writeDataPage(msgs);
     }
     QApplication::restoreOverrideCursor();
     ctx.showMessages(msgs);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 #include "shell/DataFile.h"
 #include "shell/ui/AppContext.h"
@@ -158,8 +159,8 @@ bool Report::eventFilter(QObject* watched, QEvent* event) {
 
 void Report::writeReport(const QString& file) {
     Session& s = ctx_.session();
-    if (!SaveReportFile(file.toStdString(), s.report, s.options))
-        ctx_.showMessage(CannotWriteFileMessage(file.toStdString()), this);
+    if (WriteResult w = SaveReportFile(file.toStdString(), s.report, s.options); !w)
+        ctx_.showMessage(WriteFailedMessage(file.toStdString(), w), this);
 }
 
 void Report::cmdSaveAs_Click() {

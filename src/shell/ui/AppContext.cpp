@@ -161,14 +161,17 @@ void AppContext::runListing(const std::function<Messages(Session&)>& listing, QW
     {
         WaitCursor wait;
         msgs = listing(session_);
-        if (msgs.empty())
-            if (auto m = session_.ShowDataPage(display_.DataWindowMinimised).notWritten)
-                msgs.push_back(*m);
+        if (msgs.empty()) writeDataPage(msgs);
     }
     showMessages(msgs, parent);
     // A listing that could not run leaves the page empty and the window as
     // it was.
     if (session_.listing.out.PageCount() > 0) showDataPage();
+}
+
+void AppContext::writeDataPage(Messages& messages) {
+    if (auto m = session_.ShowDataPage(display_.DataWindowMinimised).notWritten)
+        messages.push_back(*m);
 }
 
 bool AppContext::calculate(const InputFields& in, QWidget* parent) {
@@ -184,9 +187,7 @@ bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation,
     {
         WaitCursor wait;
         outcome = calculation();
-        if (outcome.calculated)
-            if (auto m = session_.ShowDataPage(display_.DataWindowMinimised).notWritten)
-                outcome.messages.push_back(*m);
+        if (outcome.calculated) writeDataPage(outcome.messages);
     }
     showMessages(outcome.messages, parent);
     if (!outcome.calculated) return false;

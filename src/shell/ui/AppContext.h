@@ -136,6 +136,10 @@ class AppContext : public QObject {
     // the hourglass pointer, shows the page when it returns no message,
     // shows its messages, then loads the page into the data window.
     void runListing(const std::function<Messages(Session&)>& listing, QWidget* parent = nullptr);
+    // Writes the composed page to reports/LASTPAGE.TXT (Session::ShowDataPage
+    // with the data window's state) and appends to `messages` the message
+    // for a page the file could not take.
+    void writeDataPage(Messages& messages);
     // Loads the current page (reports/LASTPAGE.TXT) into the data window
     // OutputD1 (loaded when needed), unless it is minimised or the buffer is
     // empty.

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/SafeWrite.h"
 #include "base/TextFile.h"
 #include "shell/EditorFile.h"
 #include "shell/ui/AppContext.h"
@@ -47,11 +48,9 @@ void OrbsEdit::Form_Load() {
 
 void OrbsEdit::btnSave_Click() {
     // The orb tables are read again by the next listing or wheel paint.
-    if (!ReplaceFileBytes(file_, EditorSaveBytes(txtContent->toPlainText().toStdString())))
-        ctx_.showMessage({"The orb file " + file_.string() +
-                              " could not be saved; it keeps what it held before.",
-                          "Error!", Icon::Critical},
-                         this);
+    const std::string bytes = EditorSaveBytes(txtContent->toPlainText().toStdString());
+    if (WriteResult w = ReplaceFile(file_, bytes); !w)
+        ctx_.showMessage(WriteFailedMessage(file_, w), this);
 }
 
 void OrbsEdit::btnQuit_Click() {
