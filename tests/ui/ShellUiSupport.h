@@ -37,6 +37,7 @@ class RecordingDialogs : public ui::Dialogs {
 
     std::function<QMessageBox::StandardButton(const Message&)> onQuestion;
     std::function<QString(const QString& pattern)> onChooseFile;
+    QStringList chosenFrom; // the file each file selection opened on
     std::function<QString(const QString& folder, const QString& proposed)> onSaveAs;
     std::function<bool(QPrinter&)> onPrinter;
     std::function<QString(const QString& folder)> onNewNamesFile;
@@ -46,7 +47,9 @@ class RecordingDialogs : public ui::Dialogs {
                                          QWidget*) override {
         return onQuestion ? onQuestion(m) : QMessageBox::No;
     }
-    QString chooseFile(ui::AppContext&, const QString& pattern, QWidget*) override {
+    QString chooseFile(ui::AppContext&, const QString& pattern, const QString& current,
+                       QWidget*) override {
+        chosenFrom << current;
         return onChooseFile ? onChooseFile(pattern) : QString();
     }
     QString saveAs(const QString& folder, const QString& proposed, QWidget*) override {

@@ -80,6 +80,8 @@ class BirthDataWindowsTest : public QObject {
     void inputFieldRules();
     void citiesPickAndEditor();
     void namesEditorKeepsTheLastLineAndTheFile();
+    void fileSelectionStartsOnTheFileInUse();
+    void refusedSaveReloadsTheList();
     void windows1252NamesFileRoundTrips();
     void timeZoneListBesideTheInputWindow();
     void makeNewNamesFile();
@@ -125,12 +127,16 @@ void BirthDataWindowsTest::typicalRequestFromPickToPage() {
             Win(p, ui::win::Names)->isVisible());
     QCOMPARE(Field(p, "txtName")->text(), QString("Example"));
 
-    // A double click in the names list calculates at once.
+    // A double click in the names list calculates at once, and like OK
+    // leaves the data window alone on the screen.
     Pick(Win(p, ui::win::Names), "NamesOnFile", "Albert Einstein");
     auto* list = Win(p, ui::win::Names)->findChild<QListWidget*>("NamesOnFile");
     emit list->itemDoubleClicked(list->currentItem());
     QCoreApplication::processEvents();
     QVERIFY(LastPage(p).find("Albert Einstein") != std::string::npos);
+    QVERIFY(!Win(p, ui::win::InputD)->isVisible());
+    QVERIFY(!Win(p, ui::win::Names) || !Win(p, ui::win::Names)->isVisible());
+    QVERIFY(Win(p, ui::win::OutputD1)->isVisible());
 }
 
 void BirthDataWindowsTest::newPersonSavedAndSavedAgain() {
@@ -317,6 +323,56 @@ void BirthDataWindowsTest::namesEditorKeepsTheLastLineAndTheFile() {
     box->setPlainText("Broken,abc");
     Click(editor, "btnSave");
     QCOMPARE(*ReadFileBytes(names), std::string("Broken,abc\r\n"));
+}
+
+void BirthDataWindowsTest::fileSelectionStartsOnTheFileInUse() {
+    StartedProgram p([](const test::ScratchAppDir& d) {
+        d.Write("NEWTEST.FIL", "Other,1 Jan 1960,1.00,P,5,71.04,42.21,\r\n");
+        d.Write("MINE.LL", "Lagos,NG,03E24,06N27,-1\r\n");
+    });
+    const QString newtest = QString::fromStdString((p.dir.path() / "NEWTEST.FIL").string());
+    const QString names = QString::fromStdString((p.dir.path() / "NAMES.FIL").string());
+    const QString mine = QString::fromStdString((p.dir.path() / "MINE.LL").string());
+    p.dialogs->onChooseFile = [&](const QString& pattern) {
+        return pattern == "*.LL" ? mine : newtest;
+    };
+
+    // Change List opens on NAMES.FIL; Save to disk then opens on the list
+    // chosen, so that Select keeps it.
+    Click(Win(p, ui::win::Names), "cmdNewFileList");
+    QCOMPARE(p.dialogs->chosenFrom, QStringList({names}));
+    Field(p, "txtName")->setText("Saved Here");
+    Click(Win(p, ui::win::InputD), "cmdSave");
+    QCOMPARE(p.dialogs->chosenFrom.last(), newtest);
+    QVERIFY(ListTexts(Win(p, ui::win::Names), "NamesOnFile").contains("Saved Here"));
+
+    // The cities window with its own file.
+    Click(Win(p, ui::win::Names), "Command1");
+    QCoreApplication::processEvents();
+    Click(Win(p, ui::win::Geograph), "cmdNewFileList");
+    QVERIFY(p.dialogs->chosenFrom.last().endsWith("GA_MA.LL"));
+    Click(Win(p, ui::win::Geograph), "cmdNewFileList");
+    QCOMPARE(p.dialogs->chosenFrom.last(), mine);
+}
+
+void BirthDataWindowsTest::refusedSaveReloadsTheList() {
+    StartedProgram p;
+    const fs::path names = p.dir.path() / "NAMES.FIL";
+    const QStringList before = ListTexts(Win(p, ui::win::Names), "NamesOnFile");
+    // The file selection empties the lists when it closes, as Select does.
+    p.dialogs->onChooseFile = [&](const QString&) {
+        emit p.ctx->selectionListsEmptied();
+        return QString::fromStdString(names.string());
+    };
+    Field(p, "txtName")->setText("Not Saved");
+    {
+        test::WriteFault full(WriteStep::Write, 1, ENOSPC);
+        Click(Win(p, ui::win::InputD), "cmdSave");
+    }
+    QVERIFY(p.dialogs->messages.back().text.find("NAMES.FIL has not been changed") !=
+            std::string::npos);
+    QCOMPARE(ListTexts(Win(p, ui::win::Names), "NamesOnFile"), before);
+    QCOMPARE(Field(p, "txtName")->text(), QString("Not Saved"));
 }
 
 void BirthDataWindowsTest::windows1252NamesFileRoundTrips() {

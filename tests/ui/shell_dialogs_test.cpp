@@ -1,9 +1,11 @@
 // The options editor, the file-selection and progress windows, the title
 // and about windows.
+#include <QFileSystemModel>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTreeView>
 #include <QtTest>
 
 #include <cerrno>
@@ -12,6 +14,7 @@
 #include "ShellUiSupport.h"
 #include "base/TextFile.h"
 #include "periphery/ui/About.h"
+#include "shell/ui/Dialogs.h"
 #include "shell/ui/Options.h"
 #include "shell/ui/SelectFIle.h"
 #include "shell/ui/StatusDlg.h"
@@ -30,6 +33,7 @@ class DialogsTest : public QObject {
     void optionsRestoreWithoutMaster();
     void writesOnAFullDiskLeaveTheFilesWhole();
     void selectFileFiltersAndReturnsThePath();
+    void selectFileOpensOnTheFileInUse();
     void progressFillsFromTheLeft();
     void titleWaitsForContinue();
     void aboutShowsTheVersionAndClosesOnClick();
@@ -217,6 +221,47 @@ void DialogsTest::selectFileFiltersAndReturnsThePath() {
     });
     QString chosen = ctx.selectFile("*.ORB");
     QVERIFY(chosen.endsWith(".ORB", Qt::CaseInsensitive));
+}
+
+void DialogsTest::selectFileOpensOnTheFileInUse() {
+    // A folder deep enough that the tree must scroll to show it.
+    test::ScratchAppDir dir;
+    const fs::path deep = dir.path() / "a" / "b" / "c" / "d" / "e" / "f" / "g" / "h";
+    fs::create_directories(deep);
+    for (const char* name : {"AAA.FIL", "NEWTEST.FIL", "ZZZ.FIL"})
+        dir.Write((deep / name).lexically_relative(dir.path()).string(), "x\r\n");
+    Session s;
+    s.paths.AppPath = dir.path();
+    ui::AppContext ctx(s);
+    const QString current = QString::fromStdString((deep / "NEWTEST.FIL").string());
+
+    // Enter takes the file in use, not the first of the folder.
+    ui::QtDialogs dialogs;
+    QString seenFolder;
+    bool folderInView = false;
+    QTimer::singleShot(0, [&] {
+        auto* dlg = qobject_cast<ui::SelectFIle*>(QApplication::activeModalWidget());
+        if (!dlg) return;
+        auto* tree = dlg->findChild<QTreeView*>("dirList");
+        auto* model = qobject_cast<QFileSystemModel*>(tree->model());
+        auto inView = [tree] {
+            return tree->viewport()->rect().contains(tree->visualRect(tree->currentIndex()));
+        };
+        // The folder is selected and in view once the folders above it are
+        // read (they push it down the tree after the window opens).
+        QTest::qWaitFor([&] { return model->rowCount(model->index(QDir::rootPath())) > 3; });
+        QTest::qWaitFor(inView);
+        QTest::qWait(200);
+        seenFolder = model->filePath(tree->currentIndex());
+        folderInView = inView();
+        test::SaveScreenshot(dlg, "select_file_on_current");
+        // Enter where the window puts the focus: the default button answers.
+        QTest::keyClick(dlg->focusWidget() ? dlg->focusWidget() : dlg, Qt::Key_Return);
+        if (dlg->isVisible()) dlg->reject();
+    });
+    QCOMPARE(dialogs.chooseFile(ctx, "*.FIL", current, nullptr), current);
+    QCOMPARE(seenFolder, QString::fromStdString(deep.string()));
+    QVERIFY(folderInView);
 }
 
 void DialogsTest::progressFillsFromTheLeft() {

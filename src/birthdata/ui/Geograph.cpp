@@ -72,7 +72,7 @@ void Geograph::CitiesOnFile_Click() {
 }
 
 void Geograph::cmdNewFileList_Click() {
-    QString file = ctx_.selectFile("*.LL", this);
+    QString file = ctx_.selectFile("*.LL", CitiesFile(ctx_), this);
     if (file.isEmpty()) return;
     ctx_.session().paths.CitiesFilePath = file.toStdString();
     LoadCitiesList();

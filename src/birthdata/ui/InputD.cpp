@@ -16,6 +16,7 @@
 #include "birthdata/InputRules.h"
 #include "birthdata/RecordWriter.h"
 #include "birthdata/ui/BirthDataState.h"
+#include "birthdata/ui/Paths.h"
 #include "shell/ui/AppContext.h"
 
 namespace kal::ui {
@@ -154,7 +155,7 @@ void InputD::cmdSave_Click() {
         ctx_.showMessage(CommaInNameMessage(), this);
         return;
     }
-    QString target = ctx_.selectFile("*.FIL", this);
+    QString target = ctx_.selectFile("*.FIL", NamesFile(ctx_), this);
     if (target.isEmpty()) return;
     SaveResult res = SaveInputRecord(
         in, ctx_.session().regional.DateOrder, ctx_.session().paths.AppPath, target.toStdString(),
@@ -163,7 +164,8 @@ void InputD::cmdSave_Click() {
                             this) == QMessageBox::Yes;
         });
     ctx_.showMessages(res.messages, this);
-    if (!res.saved) return;
+    // The file selection emptied the names list: it is read again whether
+    // the record was saved or not, keeping what the input window holds.
     BirthDataState::flags(ctx_).KeepInputOnReload = 1;
     ctx_.unloadWindow(win::Names);
     ctx_.showWindow(win::Names);

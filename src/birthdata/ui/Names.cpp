@@ -113,8 +113,11 @@ void Names::NamesOnFile_DblClick() {
     transfer();
     auto* input = qobject_cast<InputD*>(ctx_.window(win::InputD));
     ctx_.unloadWindow(win::Names);
-    if (input) input->setFocus();
-    ctx_.calculate(input ? input->fields() : ctx_.session().calc.input, input);
+    // Calculated as OK does, which hides the input window and its lists.
+    if (input)
+        input->cmdOK_Click();
+    else
+        ctx_.calculate(ctx_.session().calc.input);
 }
 
 void Names::Check1_Click() {
@@ -129,7 +132,7 @@ void Names::Check1_Click() {
 }
 
 void Names::cmdNewFileList_Click() {
-    QString file = ctx_.selectFile("*.FIL", this);
+    QString file = ctx_.selectFile("*.FIL", NamesFile(ctx_), this);
     if (file.isEmpty()) return;
     NamesListState& st = BirthDataState::flags(ctx_);
     st.KeepInputOnReload = 0;

@@ -43,8 +43,10 @@ void AppContext::notAvailable(const QString& what, QWidget* parent) {
     showMessage(NotAvailableMessage(what), parent);
 }
 
-QString AppContext::selectFile(const QString& pattern, QWidget* parent) {
-    return dialogs_->chooseFile(*this, pattern, parent ? parent : mainWindow_.data());
+QString AppContext::selectFile(const QString& pattern, const std::filesystem::path& current,
+                               QWidget* parent) {
+    return dialogs_->chooseFile(*this, pattern, QString::fromStdString(current.string()),
+                                parent ? parent : mainWindow_.data());
 }
 
 void AppContext::registerWindow(WindowName name, WindowFactory factory) {

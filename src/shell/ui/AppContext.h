@@ -12,6 +12,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <memory>
@@ -79,8 +80,11 @@ class AppContext : public QObject {
     // "<what> is not available yet." for commands whose windows are missing.
     void notAvailable(const QString& what, QWidget* parent = nullptr);
     static Message NotAvailableMessage(const QString& what);
-    // The file-selection window SelectFIle, modal; the chosen file or empty.
-    QString selectFile(const QString& pattern, QWidget* parent = nullptr);
+    // The file-selection window SelectFIle, modal, opened on the file in use
+    // (`current`, selected so that Select keeps it); the chosen file or
+    // empty.
+    QString selectFile(const QString& pattern, const std::filesystem::path& current = {},
+                       QWidget* parent = nullptr);
 
     // --- windows by name --------------------------------------------------
     void registerWindow(WindowName name, WindowFactory factory);

@@ -54,9 +54,11 @@ QtDialogs::question(const Message& m, QMessageBox::StandardButtons buttons, QWid
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
-QString QtDialogs::chooseFile(AppContext& ctx, const QString& pattern, QWidget* parent) {
+QString QtDialogs::chooseFile(AppContext& ctx, const QString& pattern, const QString& current,
+                              QWidget* parent) {
     SelectFIle dlg(ctx, parent);
     dlg.setPattern(pattern);
+    if (!current.isEmpty()) dlg.setCurrentFile(current);
     dlg.exec();
     return dlg.SelectedFile();
 }

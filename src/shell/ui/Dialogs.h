@@ -24,9 +24,11 @@ class Dialogs {
     // A question; the button pressed.
     virtual QMessageBox::StandardButton
     question(const Message& m, QMessageBox::StandardButtons buttons, QWidget* parent) = 0;
-    // The file-selection window with a pattern ("*.FIL"), modal: the chosen
-    // file, empty when cancelled.
-    virtual QString chooseFile(AppContext& ctx, const QString& pattern, QWidget* parent) = 0;
+    // The file-selection window with a pattern ("*.FIL"), modal, opened on
+    // `current` (its folder shown, the file selected) when given: the
+    // chosen file, empty when cancelled.
+    virtual QString chooseFile(AppContext& ctx, const QString& pattern, const QString& current,
+                               QWidget* parent) = 0;
     // The data window's Save As in `folder`, proposing `proposed`: the chosen
     // path, empty when cancelled.
     virtual QString saveAs(const QString& folder, const QString& proposed, QWidget* parent) = 0;
@@ -43,7 +45,8 @@ class QtDialogs : public Dialogs {
     void message(const Message& m, QWidget* parent) override;
     QMessageBox::StandardButton question(const Message& m, QMessageBox::StandardButtons buttons,
                                          QWidget* parent) override;
-    QString chooseFile(AppContext& ctx, const QString& pattern, QWidget* parent) override;
+    QString chooseFile(AppContext& ctx, const QString& pattern, const QString& current,
+                       QWidget* parent) override;
     QString saveAs(const QString& folder, const QString& proposed, QWidget* parent) override;
     bool setUpPrinter(QPrinter& printer, const QString& folder, QWidget* parent) override;
     QString newNamesFile(const QString& folder, QWidget* parent) override;

@@ -1,8 +1,10 @@
 #include "shell/ui/SelectFIle.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QFileSystemModel>
 #include <QStorageInfo>
+#include <QTimer>
 
 #include "shell/ui/AppContext.h"
 #include "ui_SelectFIle.h"
@@ -24,6 +26,17 @@ SelectFIle::SelectFIle(AppContext& ctx, QWidget* parent)
     connect(ui->dirList->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &SelectFIle::dirList_Change);
     connect(ui->filList, &QListWidget::itemDoubleClicked, this, &SelectFIle::filList_DblClick);
+    // The folders are read, and then sorted, after the window opens: each
+    // change to the tree scrolls the current folder back into view (once
+    // the change is complete).
+    auto* reveal = new QTimer(this);
+    reveal->setSingleShot(true);
+    reveal->setInterval(0);
+    connect(reveal, &QTimer::timeout, this, &SelectFIle::revealFolder);
+    auto later = [reveal] { reveal->start(); };
+    connect(dirModel_, &QFileSystemModel::directoryLoaded, reveal, later);
+    connect(dirModel_, &QAbstractItemModel::layoutChanged, reveal, later);
+    connect(dirModel_, &QAbstractItemModel::rowsInserted, reveal, later);
     Form_Load();
 }
 
@@ -50,14 +63,33 @@ void SelectFIle::setPattern(const QString& pattern) {
 
 void SelectFIle::setFolder(const QString& folder) {
     folder_ = QDir(folder).absolutePath();
-    QModelIndex idx = dirModel_->index(folder_);
-    if (idx.isValid()) {
-        QSignalBlocker block(ui->dirList->selectionModel());
-        ui->dirList->setCurrentIndex(idx);
-        ui->dirList->scrollTo(idx);
-        ui->dirList->expand(idx);
-    }
+    revealFolder();
     fillFiles();
+}
+
+void SelectFIle::setCurrentFile(const QString& file) {
+    const QFileInfo info(file);
+    setFolder(info.absolutePath());
+    const auto found = ui->filList->findItems(info.fileName(), Qt::MatchFixedString);
+    if (found.isEmpty()) return;
+    ui->filList->setCurrentItem(found.first());
+    ui->filList->scrollToItem(found.first());
+    ui->filList->setFocus();
+}
+
+void SelectFIle::revealFolder() {
+    QModelIndex idx = dirModel_->index(folder_);
+    if (!idx.isValid()) return;
+    QSignalBlocker block(ui->dirList->selectionModel());
+    for (QModelIndex up = idx.parent(); up.isValid(); up = up.parent()) ui->dirList->expand(up);
+    ui->dirList->setCurrentIndex(idx);
+    ui->dirList->scrollTo(idx, QAbstractItemView::PositionAtCenter);
+}
+
+void SelectFIle::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    // The view knows its height only now.
+    QTimer::singleShot(0, this, &SelectFIle::revealFolder);
 }
 
 void SelectFIle::fillFiles() {

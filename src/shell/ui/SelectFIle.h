@@ -28,6 +28,9 @@ class SelectFIle : public QDialog {
     void setPattern(const QString& pattern);
     // The folder shown in the folder tree and listed in the file list.
     void setFolder(const QString& folder);
+    // Opens on a file: its folder shown and the file selected in the list,
+    // so that Select takes it unless the user picks another.
+    void setCurrentFile(const QString& file);
     QString folder() const { return folder_; }
     QString SelectedFile() const { return selectedFile_; }
 
@@ -38,9 +41,15 @@ class SelectFIle : public QDialog {
     void dirList_Change();
     void filList_DblClick();
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void Form_Load();
     void fillFiles();
+    // Selects the current folder in the tree, its parents expanded, and
+    // scrolls it into the middle of the view.
+    void revealFolder();
 
     AppContext& ctx_;
     std::unique_ptr<Ui::SelectFIle> ui;

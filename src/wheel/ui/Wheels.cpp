@@ -278,7 +278,7 @@ void Wheels::mnuOrbsChange_Click() {
         ctx_.showMessage(OrbFileMissing(current), this);
         return;
     }
-    QString chosen = ctx_.selectFile("*.ORB", this);
+    QString chosen = ctx_.selectFile("*.ORB", current, this);
     if (chosen.isEmpty()) return;
     s.paths.OrbFilePath = chosen.toStdString();
     mnuAspects_Click();
