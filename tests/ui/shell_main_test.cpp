@@ -3,8 +3,11 @@
 // written at the end.
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QtTest>
 
+#include <climits>
+#include <cmath>
 #include <filesystem>
 
 #include "ShellUiSupport.h"
@@ -36,6 +39,7 @@ class MainWindowTest : public QObject {
     void houseSystemsFromOption27AndToggles();
     void fileChecksAndHelpTexts();
     void settingsFileAfterARun();
+    void windowPlacesStayInRangeAndOnAScreen();
 };
 
 void MainWindowTest::startupMakesFoldersAndTheFullMenu() {
@@ -201,8 +205,8 @@ void MainWindowTest::settingsFileAfterARun() {
         QVERIFY(!fs::exists(ini));
         QVERIFY(p.calculate(test::kExampleRecord));
         auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
-        data->move(30, 120);
-        data->resize(500, 400);
+        // The place kept is the client area's, without the frame.
+        data->setGeometry(30, 120, 500, 400);
         data->findChild<QAction*>("mnuFontsIncrease")->trigger();
         data->findChild<QAction*>("mnuFontsBold")->trigger();
         p.trigger("mnuFileExit");
@@ -228,9 +232,45 @@ void MainWindowTest::settingsFileAfterARun() {
     });
     QVERIFY(again.calculate(test::kExampleRecord));
     auto* data = again.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
-    QCOMPARE(data->width(), 500);
+    QCOMPARE(data->geometry(), QRect(30, 120, 500, 400));
     QCOMPARE(data->RichText1->font().pointSizeF(), 9.25);
     QVERIFY(data->RichText1->font().bold());
+}
+
+void MainWindowTest::windowPlacesStayInRangeAndOnAScreen() {
+    using ui::AppContext;
+    // Conversions hold their results within range, whatever the file held.
+    QCOMPARE(AppContext::toTwips(-22), -330);
+    QCOMPARE(AppContext::toTwips(INT_MAX / 2), INT_MAX);
+    QCOMPARE(AppContext::toTwips16(3000), short(32767));
+    QCOMPARE(AppContext::toTwips16(-3000), short(-32768));
+    QCOMPARE(AppContext::toPixels(-330), -22);
+    QCOMPARE(AppContext::toPixels(157), 10);
+    QCOMPARE(AppContext::toPixels(std::nan("")), 0);
+    QVERIFY(AppContext::toPixels(1e300) > 1000000);
+    QCOMPARE(AppContext::toTwips(AppContext::toPixels(-1e300)), -(1 << 24) * 15);
+
+    // Two screens side by side: a place on either stays; one off both comes
+    // onto the nearer, whole.
+    const QList<QRect> screens{QRect(0, 0, 1280, 1024), QRect(1280, 0, 1920, 1080)};
+    const QRect strip(1500, 40, 724, 45);
+    QCOMPARE(AppContext::keptOnScreen(strip, screens), strip);
+    QCOMPARE(AppContext::keptOnScreen(QRect(-50, 0, 724, 45), screens), QRect(-50, 0, 724, 45));
+    QCOMPARE(AppContext::keptOnScreen(QRect(-60, 0, 724, 45), screens), QRect(0, 0, 724, 45));
+    QCOMPARE(AppContext::keptOnScreen(QRect(16000000, -16000000, 724, 45), screens),
+             QRect(3200 - 724, 0, 724, 45));
+    QCOMPARE(AppContext::keptOnScreen(QRect(100, 2000, 5000, 400), screens),
+             QRect(0, 1024 - 400, 1280, 400));
+
+    // A settings file of far-off places: the windows open on the screen.
+    StartedProgram p([](const test::ScratchAppDir& d) {
+        d.Write("Kaltrova.INI", "KaltrovaTop=-10000000000\r\nKaltrovaLeft=10000000000\r\n"
+                                "DataTop=32000\r\nDataLeft=-32000\r\n");
+    });
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QVERIFY(screen.contains(p.main->geometry().topLeft()));
+    QVERIFY(p.calculate(test::kExampleRecord));
+    QVERIFY(screen.contains(p.ctx->window(ui::win::OutputD1)->geometry().topLeft()));
 }
 
 QTEST_MAIN(MainWindowTest)

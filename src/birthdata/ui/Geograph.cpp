@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include "birthdata/ui/InputD.h"
@@ -87,6 +88,13 @@ void Geograph::Command1_Click() {
     ctx_.unloadWindow(win::Geograph);
     ctx_.unloadWindow(win::Names);
     ctx_.showWindow(win::Names);
+}
+
+void Geograph::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) return; // restored by the user: where the user left it
+    if (auto* input = ctx_.windowAs<InputD>(win::InputD); input && input->isVisible())
+        input->placeBeside(this);
 }
 
 } // namespace kal::ui

@@ -37,6 +37,11 @@ class Geograph : public QWidget {
     void cmdEditList_Click();
     void Command1_Click();
 
+  protected:
+    // Opened (after the Input command, a save, the editor's Quit or a switch
+    // between names and cities) beside the input window, never over it.
+    void showEvent(QShowEvent* event) override;
+
   private:
     AppContext& ctx_;
     std::unique_ptr<Ui::Geograph> ui;

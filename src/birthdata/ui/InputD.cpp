@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 
 #include "birthdata/InputRules.h"
@@ -20,6 +21,17 @@
 #include "shell/ui/AppContext.h"
 
 namespace kal::ui {
+
+namespace {
+
+// The frame a window manager has put around a window (none yet, or none at
+// all without a manager).
+QMargins FrameMargins(const QWidget* w) {
+    const QRect f = w->frameGeometry(), g = w->geometry();
+    return {g.left() - f.left(), g.top() - f.top(), f.right() - g.right(), f.bottom() - g.bottom()};
+}
+
+} // namespace
 
 std::tm InputD::CurrentTime() {
     std::time_t t = std::time(nullptr);
@@ -206,8 +218,7 @@ void InputD::Label1_Click() {
         ctx_.notAvailable("The time-zone list", this);
         return;
     }
-    // Beside this window: its left edge where this window ends.
-    tz->move(frameGeometry().right() + 1, y());
+    placeBeside(tz);
     tz->show();
     tz->raise();
 }
@@ -233,6 +244,14 @@ void InputD::txtBirthHour_Change() {
 }
 
 bool InputD::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == windowHandle()) {
+        if (event->type() == QEvent::Expose && windowHandle()->isExposed()) {
+            watched->removeEventFilter(this);
+            for (WindowName list : {win::Names, win::Geograph})
+                if (QWidget* w = ctx_.window(list); w && w->isVisible()) placeBeside(w);
+        }
+        return false;
+    }
     if (watched == label1_ && event->type() == QEvent::MouseButtonRelease) {
         Label1_Click();
         return true;
@@ -296,11 +315,24 @@ void InputD::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!firstShow_) return;
     firstShow_ = false;
-    // Form_Load shows the names window beside this one.
-    if (QWidget* names = ctx_.loadWindow(win::Names)) {
-        names->move(frameGeometry().right() + 1, y());
-        names->show();
-    }
+    // Form_Load shows the names window (which places itself beside this one).
+    if (QWidget* names = ctx_.loadWindow(win::Names)) names->show();
+    // A window manager frames this window only after that: once it is on
+    // the screen the lists beside it are placed again by its frame.
+    if (QWindow* handle = windowHandle()) handle->installEventFilter(this);
+}
+
+void InputD::placeBeside(QWidget* w) const {
+    // A window manager puts a window that is not yet on the screen with its
+    // client area where it is asked to, and frames it afterwards; the place
+    // is therefore given for the client area, inside a frame like this
+    // window's (or, before the manager has framed this one, the main
+    // window's).
+    QMargins frame = FrameMargins(this);
+    if (frame.isNull() && ctx_.mainWindow()) frame = FrameMargins(ctx_.mainWindow());
+    const QRect mine = geometry().marginsAdded(frame);
+    const QPoint client = QPoint(mine.right() + 1, mine.top()) + QPoint(frame.left(), frame.top());
+    w->setGeometry(QRect(client, w->size()));
 }
 
 } // namespace kal::ui

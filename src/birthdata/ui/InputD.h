@@ -43,6 +43,11 @@ class InputD : public QWidget {
     // The local time.
     static std::tm CurrentTime();
 
+    // Puts a list window (names, cities, time zones) beside this one, where
+    // it hides none of the fields a pick fills: its frame's left edge where
+    // this window's frame ends, the tops level.
+    void placeBeside(QWidget* w) const;
+
   public slots:
     void cmdNow_Click();
     void cmdOK_Click();

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -150,6 +151,13 @@ void Names::Command1_Click() {
     ctx_.unloadWindow(win::Names);
     ctx_.unloadWindow(win::Geograph);
     ctx_.showWindow(win::Geograph);
+}
+
+void Names::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (event->spontaneous()) return; // restored by the user: where the user left it
+    if (auto* input = ctx_.windowAs<InputD>(win::InputD); input && input->isVisible())
+        input->placeBeside(this);
 }
 
 } // namespace kal::ui

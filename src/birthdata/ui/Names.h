@@ -41,6 +41,11 @@ class Names : public QWidget {
     void cmdEditList_Click();
     void Command1_Click();
 
+  protected:
+    // Opened (after the Input command, a save, the editor's Quit or a switch
+    // between names and cities) beside the input window, never over it.
+    void showEvent(QShowEvent* event) override;
+
   private:
     // Moves the current entry's record into the input window.
     void transfer();

@@ -1,7 +1,13 @@
 #include "shell/ui/AppContext.h"
 
 #include <QApplication>
+#include <QScreen>
 
+#include <algorithm>
+#include <climits>
+#include <cmath>
+
+#include "base/VbText.h"
 #include "shell/ui/OutputD1.h"
 
 namespace kal::ui {
@@ -72,9 +78,12 @@ QWidget* AppContext::loadWindow(WindowName name) {
     w->setAttribute(Qt::WA_DeleteOnClose, true);
     if (w->objectName().isEmpty()) w->setObjectName(name.text());
     // A window without a place of its own opens below the main strip, not
-    // over its menu.
+    // over its menu. The place is its client area's, which a window manager
+    // keeps as given (and which is then known before the window is framed).
     if (mainWindow_ && w->pos() == QPoint(0, 0))
-        w->move(mainWindow_->x() + 40, mainWindow_->frameGeometry().bottom() + 40);
+        w->setGeometry(QRect(QPoint(mainWindow_->frameGeometry().left() + 40,
+                                    mainWindow_->frameGeometry().bottom() + 40),
+                             w->size()));
     windows_[name] = w;
     emit windowLoaded(name, w);
     return w;
@@ -206,6 +215,68 @@ bool AppContext::runCalculation(const std::function<CalcOutcome()>& calculation,
         showWindow(win::Wheels);
     }
     return true;
+}
+
+// --- window places ------------------------------------------------------------
+
+namespace {
+
+// Far beyond any screen, yet a pixel count every later sum can take.
+constexpr int kMaxPixels = 1 << 24;
+
+} // namespace
+
+int AppContext::toTwips(int px) {
+    const long long t = static_cast<long long>(px) * TwipsPerPixel;
+    return static_cast<int>(std::clamp<long long>(t, INT_MIN, INT_MAX));
+}
+
+short AppContext::toTwips16(int px) {
+    return RoundToShort(double(px) * TwipsPerPixel);
+}
+
+int AppContext::toPixels(double twips) {
+    if (!std::isfinite(twips)) return 0;
+    const double px = std::floor(twips / TwipsPerPixel + 0.5);
+    return static_cast<int>(std::clamp(px, double(-kMaxPixels), double(kMaxPixels)));
+}
+
+AppContext::Place AppContext::placeOf(const QWidget* w) {
+    const QRect g = w->geometry();
+    return {double(toTwips(g.x())), double(toTwips(g.y())), double(toTwips(g.width())),
+            double(toTwips(g.height()))};
+}
+
+void AppContext::restorePlace(QWidget* w, const Place& place) {
+    QRect r(toPixels(place.left), toPixels(place.top), std::max(1, toPixels(place.width)),
+            std::max(1, toPixels(place.height)));
+    r.setSize(r.size().boundedTo(w->maximumSize()).expandedTo(w->minimumSize()));
+    QList<QRect> screens;
+    for (const QScreen* s : QGuiApplication::screens()) screens << s->availableGeometry();
+    // The client area goes where it was: the window manager puts the frame
+    // around it.
+    w->setGeometry(keptOnScreen(r, screens));
+}
+
+QRect AppContext::keptOnScreen(const QRect& r, const QList<QRect>& screens) {
+    if (screens.isEmpty()) return r;
+    // The left part of the top edge holds the title and the menu.
+    const QPoint probe(r.left() + std::min(r.width(), 100) / 2, r.top());
+    for (const QRect& s : screens)
+        if (s.contains(probe)) return r;
+    auto distance = [&probe](const QRect& s) {
+        const long long dx = std::max({s.left() - probe.x(), 0, probe.x() - s.right()});
+        const long long dy = std::max({s.top() - probe.y(), 0, probe.y() - s.bottom()});
+        return dx * dx + dy * dy;
+    };
+    const QRect s =
+        *std::min_element(screens.begin(), screens.end(), [&](const QRect& a, const QRect& b) {
+            return distance(a) < distance(b);
+        });
+    QRect out(r.topLeft(), r.size().boundedTo(s.size()));
+    out.moveLeft(std::clamp(out.left(), s.left(), s.right() + 1 - out.width()));
+    out.moveTop(std::clamp(out.top(), s.top(), s.bottom() + 1 - out.height()));
+    return out;
 }
 
 } // namespace kal::ui

@@ -150,9 +150,28 @@ class AppContext : public QObject {
     void showDataPage();
 
     // Window geometry kept in twips in Kaltrova.INI: 15 twips to the pixel.
+    // Both conversions hold their result within range (a settings file may
+    // hold any number); pixels are rounded to the nearest.
     static constexpr int TwipsPerPixel = 15;
-    static int toTwips(int px) { return px * TwipsPerPixel; }
-    static int toPixels(double twips) { return static_cast<int>(twips / TwipsPerPixel + 0.5); }
+    static int toTwips(int px);
+    static short toTwips16(int px); // for the 16-bit places of the data and wheel windows
+    static int toPixels(double twips);
+
+    // A window's place as Kaltrova.INI keeps it: the client area (the window
+    // without the frame a window manager adds), so that the place restored
+    // is the place saved, whatever the frame.
+    struct Place {
+        double left = 0, top = 0, width = 0, height = 0; // twips
+    };
+    static Place placeOf(const QWidget* w);
+    // Puts a window at a kept place; a place whose top edge would be on no
+    // screen (off every screen, or from a damaged settings file) is brought
+    // onto the nearest one.
+    static void restorePlace(QWidget* w, const Place& place);
+    // `r` as restorePlace puts it on the screens `screens` (their available
+    // areas): unchanged when the left part of its top edge lies on one,
+    // else moved (and cut to size) into the one nearest to it.
+    static QRect keptOnScreen(const QRect& r, const QList<QRect>& screens);
 
   signals:
     // A calculation succeeded: enable the chart-dependent menu items.

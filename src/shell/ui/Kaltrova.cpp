@@ -191,18 +191,19 @@ void Kaltrova::ReadIntlSettings() {
 void Kaltrova::placeFromSettings() {
     const Settings& st = ctx_.display().settings;
     // The strip is never narrower than its menu.
-    int w = std::max(AppContext::toPixels(st.KaltrovaWidth), menuBar()->sizeHint().width());
-    resize(w, AppContext::toPixels(st.KaltrovaHeight));
-    move(AppContext::toPixels(st.KaltrovaLeft), AppContext::toPixels(st.KaltrovaTop));
+    const double width =
+        std::max(st.KaltrovaWidth, double(AppContext::toTwips(menuBar()->sizeHint().width())));
+    AppContext::restorePlace(this, {st.KaltrovaLeft, st.KaltrovaTop, width, st.KaltrovaHeight});
 }
 
 void Kaltrova::recordPlace() {
     Settings& st = ctx_.display().settings;
     if (isMinimized()) return;
-    st.KaltrovaTop = AppContext::toTwips(y());
-    st.KaltrovaLeft = AppContext::toTwips(x());
-    st.KaltrovaHeight = AppContext::toTwips(height());
-    st.KaltrovaWidth = AppContext::toTwips(width());
+    const AppContext::Place p = AppContext::placeOf(this);
+    st.KaltrovaTop = p.top;
+    st.KaltrovaLeft = p.left;
+    st.KaltrovaHeight = p.height;
+    st.KaltrovaWidth = p.width;
 }
 
 void Kaltrova::Form_Load(const std::filesystem::path& appPath, const StartupChoices& choices) {

@@ -78,8 +78,8 @@ OutputD1::OutputD1(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_
 void OutputD1::Form_Load() {
     const Settings& st = ctx_.display().settings;
     DataPositioning = true;
-    resize(AppContext::toPixels(st.DataWidth), AppContext::toPixels(st.DataHeight));
-    move(AppContext::toPixels(st.DataLeft), AppContext::toPixels(st.DataTop));
+    AppContext::restorePlace(this, {double(st.DataLeft), double(st.DataTop), double(st.DataWidth),
+                                    double(st.DataHeight)});
     DataPositioning = false;
     applyFont();
     mnuFontsBold->setChecked(st.ListFontBold != 0);
@@ -104,10 +104,11 @@ void OutputD1::applyFont() {
 void OutputD1::Form_Resize() {
     if (isMinimized() || DataPositioning) return;
     Settings& st = ctx_.display().settings;
-    st.DataWidth = static_cast<short>(AppContext::toTwips(width()));
-    st.DataHeight = static_cast<short>(AppContext::toTwips(height()));
-    st.DataTop = static_cast<short>(AppContext::toTwips(y()));
-    st.DataLeft = static_cast<short>(AppContext::toTwips(x()));
+    const QRect g = geometry();
+    st.DataWidth = AppContext::toTwips16(g.width());
+    st.DataHeight = AppContext::toTwips16(g.height());
+    st.DataTop = AppContext::toTwips16(g.y());
+    st.DataLeft = AppContext::toTwips16(g.x());
 }
 
 void OutputD1::resizeEvent(QResizeEvent* e) {

@@ -126,8 +126,8 @@ void Wheels::buildMenus() {
 void Wheels::Form_Load() {
     const Settings& st = ctx_.display().settings;
     WheelLoading = true;
-    move(AppContext::toPixels(st.WheelsLeft), AppContext::toPixels(st.WheelsTop));
-    resize(AppContext::toPixels(st.WheelsWidth), AppContext::toPixels(st.WheelsHeight));
+    AppContext::restorePlace(this, {double(st.WheelsLeft), double(st.WheelsTop),
+                                    double(st.WheelsWidth), double(st.WheelsHeight)});
     WheelLoading = false;
 
     const Session& s = ctx_.session();
@@ -165,14 +165,12 @@ void Wheels::areaResized(const QSize& size) {
 void Wheels::recordPlace() {
     if (isMinimized() || !isVisible()) return;
     Settings& st = ctx_.display().settings;
-    // The settings file keeps 16-bit twips.
-    auto twips = [](int px) {
-        return static_cast<short>(std::clamp(AppContext::toTwips(px), -32768, 32767));
-    };
-    st.WheelsTop = twips(y());
-    st.WheelsLeft = twips(x());
-    st.WheelsHeight = twips(height());
-    st.WheelsWidth = twips(width());
+    // The client area, as restorePlace puts it back.
+    const QRect g = geometry();
+    st.WheelsTop = AppContext::toTwips16(g.y());
+    st.WheelsLeft = AppContext::toTwips16(g.x());
+    st.WheelsHeight = AppContext::toTwips16(g.height());
+    st.WheelsWidth = AppContext::toTwips16(g.width());
 }
 
 void Wheels::changeEvent(QEvent* e) {
