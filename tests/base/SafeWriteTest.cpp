@@ -120,6 +120,8 @@ TEST(TextFile, ReadsOnlyRegularFilesOfBoundedSize) {
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     // Would wait for a writer for ever if it were opened.
     EXPECT_FALSE(ReadLines(fifo).has_value());
+    EXPECT_FALSE(ReadTextLines(fifo).has_value());
+    EXPECT_FALSE(ReadTextLines("/dev/zero").has_value());
     EXPECT_FALSE(ReadLines(dir.path()).has_value());
     dir.Write("BIG.FIL", std::string(2000, 'x'));
     EXPECT_FALSE(ReadFileBytes(dir.path() / "BIG.FIL", 1999).has_value());
