@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "shell/ui/Menus.h"
+
 namespace kal::ui {
 
 OptionGroup::OptionGroup(const QString& name, const QString& caption, const QStringList& captions,
@@ -64,12 +66,7 @@ QPushButton* NamedButton(const char* name, const char* caption, QWidget* parent)
 }
 
 QAction* AddFileExitMenu(QMainWindow* window) {
-    QMenu* file = window->menuBar()->addMenu("&File");
-    file->setObjectName("mnuFile");
-    file->menuAction()->setObjectName("mnuFile");
-    QAction* exit = file->addAction("E&xit");
-    exit->setObjectName("mnuFileExit");
-    return exit;
+    return AddItem(AddMenu(window->menuBar(), "mnuFile", "&File"), "mnuFileExit", "E&xit");
 }
 
 } // namespace kal::ui

@@ -19,6 +19,7 @@
 #include "shell/Settings.h"
 #include "shell/Startup.h"
 #include "shell/ui/AppContext.h"
+#include "shell/ui/Menus.h"
 #include "shell/ui/TITLE.h"
 
 namespace kal::ui {
@@ -58,92 +59,83 @@ void Kaltrova::buildMenus() {
     QMenuBar* bar = menuBar();
     // The strip's menu in the small sans-serif face it was laid out for.
     bar->setFont(QFont("MS Sans Serif", 8));
-    auto menu = [](QWidget* parent, const char* name, const char* caption) {
-        QMenu* m = nullptr;
-        if (auto* b = qobject_cast<QMenuBar*>(parent))
-            m = b->addMenu(caption);
-        else
-            m = static_cast<QMenu*>(parent)->addMenu(caption);
-        m->setObjectName(name);
-        m->menuAction()->setObjectName(name);
-        return m;
-    };
-    auto item = [this](QWidget* parent, const char* name, const char* caption,
-                       void (Kaltrova::*slot)()) {
-        QAction* a = nullptr;
-        if (auto* b = qobject_cast<QMenuBar*>(parent))
-            a = b->addAction(caption);
-        else
-            a = static_cast<QMenu*>(parent)->addAction(caption);
-        a->setObjectName(name);
-        connect(a, &QAction::triggered, this, slot);
-        return a;
-    };
-    auto separator = [](QMenu* m, const char* name) { m->addSeparator()->setObjectName(name); };
 
-    QMenu* file = menu(bar, "mnuFile", "&File");
-    item(file, "mnuFileNewFil", "&Make new .FIL file", &Kaltrova::mnuFileNewFil_Click);
-    item(file, "mnuFileExit", "E&xit", &Kaltrova::mnuFileExit_Click);
-    QAction* input = item(bar, "mnuInputData", "&Input", &Kaltrova::mnuInputData_Click);
+    QMenu* file = AddMenu(bar, "mnuFile", "&File");
+    AddItem(file, "mnuFileNewFil", "&Make new .FIL file", this, &Kaltrova::mnuFileNewFil_Click);
+    AddItem(file, "mnuFileExit", "E&xit", this, &Kaltrova::mnuFileExit_Click);
+    QAction* input = AddItem(bar, "mnuInputData", "&Input", this, &Kaltrova::mnuInputData_Click);
 
-    QMenu* houses = menu(bar, "mnuHouseSystem", "Hou&ses");
+    QMenu* houses = AddMenu(bar, "mnuHouseSystem", "Hou&ses");
     houseItems_ = {
-        item(houses, "mnuHousePlacidus", "&Placidus", &Kaltrova::mnuHousePlacidus_Click),
-        item(houses, "mnuHouseRegiomontanus", "&Regiomontanus",
-             &Kaltrova::mnuHouseRegiomontanus_Click),
-        item(houses, "mnuHouseKoch", "&Koch", &Kaltrova::mnuHouseKoch_Click),
-        item(houses, "mnuHouseCampanus", "&Campanus", &Kaltrova::mnuHouseCampanus_Click),
-        item(houses, "mnuHousePorphyry", "P&orphyry", &Kaltrova::mnuHousePorphyry_Click),
-        item(houses, "mnuHouseAlcabitus", "Alca&bitus", &Kaltrova::mnuHouseAlcabitus_Click),
-        item(houses, "mnuHouseTopocentric", "&Topocentric", &Kaltrova::mnuHouseTopocentric_Click),
+        AddItem(houses, "mnuHousePlacidus", "&Placidus", this, &Kaltrova::mnuHousePlacidus_Click),
+        AddItem(houses, "mnuHouseRegiomontanus", "&Regiomontanus", this,
+                &Kaltrova::mnuHouseRegiomontanus_Click),
+        AddItem(houses, "mnuHouseKoch", "&Koch", this, &Kaltrova::mnuHouseKoch_Click),
+        AddItem(houses, "mnuHouseCampanus", "&Campanus", this, &Kaltrova::mnuHouseCampanus_Click),
+        AddItem(houses, "mnuHousePorphyry", "P&orphyry", this, &Kaltrova::mnuHousePorphyry_Click),
+        AddItem(houses, "mnuHouseAlcabitus", "Alca&bitus", this,
+                &Kaltrova::mnuHouseAlcabitus_Click),
+        AddItem(houses, "mnuHouseTopocentric", "&Topocentric", this,
+                &Kaltrova::mnuHouseTopocentric_Click),
     };
     for (QAction* a : houseItems_) a->setCheckable(true);
     // Each item keeps its own check: the menu is not an exclusive group.
     houses->setToolTipsVisible(false);
 
-    QMenu* data = menu(bar, "mnuData", "&Data");
-    item(data, "mnuDataNatalData", "&Natal Data", &Kaltrova::mnuDataNatalData_Click);
-    item(data, "mnuDataNatalAspects", "Natal &Aspects", &Kaltrova::mnuDataNatalAspects_Click);
-    item(data, "mnuDataCosmicState", "Cosmic State", &Kaltrova::mnuDataCosmicState_Click);
-    item(data, "mnuData_KaltrovalFactors", "Kaltroval factors",
-         &Kaltrova::mnuData_KaltrovalFactors_Click);
-    QAction* wheel =
-        item(bar, "mnuWheelsSingleNatal", "Chartwheel", &Kaltrova::mnuWheelsSingleNatal_Click);
-    QAction* meanings =
-        item(bar, "mnuDataMeaningsNatal", "Natal Meanings", &Kaltrova::mnuDataMeaningsNatal_Click);
-    QMenu* keywords = menu(bar, "mnuKeywords", "&Keywords");
-    item(keywords, "mnuKeywordsGeneral", "&General", &Kaltrova::mnuKeywordsGeneral_Click);
-    item(keywords, "mnuKeywordsSystem", "&Keyword System", &Kaltrova::mnuKeywordsSystem_Click);
-    QAction* report = item(bar, "mnuReportNatal", "Natal Report", &Kaltrova::mnuReportNatal_Click);
-    item(bar, "mnuOptionOptionSettings", "&Option Settings",
-         &Kaltrova::mnuOptionOptionSettings_Click);
-    item(bar, "mnuHeader", "H&eader", &Kaltrova::mnuHeader_Click);
+    QMenu* data = AddMenu(bar, "mnuData", "&Data");
+    AddItem(data, "mnuDataNatalData", "&Natal Data", this, &Kaltrova::mnuDataNatalData_Click);
+    AddItem(data, "mnuDataNatalAspects", "Natal &Aspects", this,
+            &Kaltrova::mnuDataNatalAspects_Click);
+    AddItem(data, "mnuDataCosmicState", "Cosmic State", this, &Kaltrova::mnuDataCosmicState_Click);
+    AddItem(data, "mnuData_KaltrovalFactors", "Kaltroval factors", this,
+            &Kaltrova::mnuData_KaltrovalFactors_Click);
+    QAction* wheel = AddItem(bar, "mnuWheelsSingleNatal", "Chartwheel", this,
+                             &Kaltrova::mnuWheelsSingleNatal_Click);
+    QAction* meanings = AddItem(bar, "mnuDataMeaningsNatal", "Natal Meanings", this,
+                                &Kaltrova::mnuDataMeaningsNatal_Click);
+    QMenu* keywords = AddMenu(bar, "mnuKeywords", "&Keywords");
+    AddItem(keywords, "mnuKeywordsGeneral", "&General", this, &Kaltrova::mnuKeywordsGeneral_Click);
+    AddItem(keywords, "mnuKeywordsSystem", "&Keyword System", this,
+            &Kaltrova::mnuKeywordsSystem_Click);
+    QAction* report =
+        AddItem(bar, "mnuReportNatal", "Natal Report", this, &Kaltrova::mnuReportNatal_Click);
+    AddItem(bar, "mnuOptionOptionSettings", "&Option Settings", this,
+            &Kaltrova::mnuOptionOptionSettings_Click);
+    AddItem(bar, "mnuHeader", "H&eader", this, &Kaltrova::mnuHeader_Click);
 
-    QMenu* help = menu(bar, "mnuHelp", "&Help");
-    item(help, "mnuHelpTipoftheDay", "Tip of the Day", &Kaltrova::mnuHelpTipoftheDay_Click);
-    QMenu* windows = menu(help, "mnuHelpKaltrova", "&Kaltrova Window");
-    item(windows, "mnuMainMenuHelp", "&Kaltrova Main Menu", &Kaltrova::mnuMainMenuHelp_Click);
-    item(windows, "mnuPhilosophyHelp", "&Philosophy", &Kaltrova::mnuPhilosophyHelp_Click);
-    separator(windows, "mnuSplit0");
-    item(windows, "mnuHelpInputD", "Natal &Input Data Window", &Kaltrova::mnuHelpInputD_Click);
-    item(windows, "mnuHelpNames", "&Names Window", &Kaltrova::mnuHelpNames_Click);
-    item(windows, "mnuHelpCities", "Cities &Window", &Kaltrova::mnuHelpCities_Click);
-    item(windows, "mnuHelpOptions", "&Options Window", &Kaltrova::mnuHelpOptions_Click);
-    item(windows, "mnuHelpOutputD1", "Da&ta Window", &Kaltrova::mnuHelpOutputD1_Click);
-    item(windows, "mnuHelpWheels", "&Chartwheels Window", &Kaltrova::mnuHelpWheels_Click);
-    item(windows, "mnuHelpNameedit", "&Edit A Name File Window", &Kaltrova::mnuHelpNameedit_Click);
-    item(windows, "mnuHelpLongLat", "Edit A Cit&y File Window", &Kaltrova::mnuHelpLongLat_Click);
-    item(windows, "mnuHelpSelect", "&Select A File Window", &Kaltrova::mnuHelpSelect_Click);
-    item(windows, "mnuHelpPrntfile", "&File To Print  Window", &Kaltrova::mnuHelpPrntfile_Click);
-    separator(help, "mnuSplit1");
-    QMenu* hints = menu(help, "mnuHelpHints", "&Hints");
-    item(hints, "mnuHintsHow", "&How Do I...?", &Kaltrova::mnuHintsHow_Click);
-    item(hints, "mnuHintsReadingList", "&Reading List", &Kaltrova::mnuHintsReadingList_Click);
-    item(hints, "mnuHintsTips", "&Tips", &Kaltrova::mnuHintsTips_Click);
-    item(help, "mnuShortcutKeys", "Shortcut &Keys", &Kaltrova::mnuShortcutKeys_Click);
-    separator(help, "mnuSplit2");
-    item(help, "mnuHelpRevisions", "Re&vision History", &Kaltrova::mnuHelpRevisions_Click);
-    item(help, "mnuHelpAbout", "Abo&ut", &Kaltrova::mnuHelpAbout_Click);
+    QMenu* help = AddMenu(bar, "mnuHelp", "&Help");
+    AddItem(help, "mnuHelpTipoftheDay", "Tip of the Day", this,
+            &Kaltrova::mnuHelpTipoftheDay_Click);
+    QMenu* windows = AddMenu(help, "mnuHelpKaltrova", "&Kaltrova Window");
+    AddItem(windows, "mnuMainMenuHelp", "&Kaltrova Main Menu", this,
+            &Kaltrova::mnuMainMenuHelp_Click);
+    AddItem(windows, "mnuPhilosophyHelp", "&Philosophy", this, &Kaltrova::mnuPhilosophyHelp_Click);
+    AddSeparator(windows, "mnuSplit0");
+    AddItem(windows, "mnuHelpInputD", "Natal &Input Data Window", this,
+            &Kaltrova::mnuHelpInputD_Click);
+    AddItem(windows, "mnuHelpNames", "&Names Window", this, &Kaltrova::mnuHelpNames_Click);
+    AddItem(windows, "mnuHelpCities", "Cities &Window", this, &Kaltrova::mnuHelpCities_Click);
+    AddItem(windows, "mnuHelpOptions", "&Options Window", this, &Kaltrova::mnuHelpOptions_Click);
+    AddItem(windows, "mnuHelpOutputD1", "Da&ta Window", this, &Kaltrova::mnuHelpOutputD1_Click);
+    AddItem(windows, "mnuHelpWheels", "&Chartwheels Window", this, &Kaltrova::mnuHelpWheels_Click);
+    AddItem(windows, "mnuHelpNameedit", "&Edit A Name File Window", this,
+            &Kaltrova::mnuHelpNameedit_Click);
+    AddItem(windows, "mnuHelpLongLat", "Edit A Cit&y File Window", this,
+            &Kaltrova::mnuHelpLongLat_Click);
+    AddItem(windows, "mnuHelpSelect", "&Select A File Window", this,
+            &Kaltrova::mnuHelpSelect_Click);
+    AddItem(windows, "mnuHelpPrntfile", "&File To Print  Window", this,
+            &Kaltrova::mnuHelpPrntfile_Click);
+    AddSeparator(help, "mnuSplit1");
+    QMenu* hints = AddMenu(help, "mnuHelpHints", "&Hints");
+    AddItem(hints, "mnuHintsHow", "&How Do I...?", this, &Kaltrova::mnuHintsHow_Click);
+    AddItem(hints, "mnuHintsReadingList", "&Reading List", this,
+            &Kaltrova::mnuHintsReadingList_Click);
+    AddItem(hints, "mnuHintsTips", "&Tips", this, &Kaltrova::mnuHintsTips_Click);
+    AddItem(help, "mnuShortcutKeys", "Shortcut &Keys", this, &Kaltrova::mnuShortcutKeys_Click);
+    AddSeparator(help, "mnuSplit2");
+    AddItem(help, "mnuHelpRevisions", "Re&vision History", this, &Kaltrova::mnuHelpRevisions_Click);
+    AddItem(help, "mnuHelpAbout", "Abo&ut", this, &Kaltrova::mnuHelpAbout_Click);
 
     // Until the first calculation there is no chart to work on.
     for (QAction* a : {input, data->menuAction(), wheel, meanings, report}) a->setEnabled(false);

@@ -11,25 +11,9 @@
 #include "base/TextFile.h"
 #include "shell/DataFile.h"
 #include "shell/ui/AppContext.h"
+#include "shell/ui/Menus.h"
 
 namespace kal::ui {
-
-namespace {
-
-QAction* MenuAction(QMenu* menu, const char* name, const char* caption) {
-    QAction* a = menu->addAction(caption);
-    a->setObjectName(name);
-    return a;
-}
-
-QMenu* Menu(QMenuBar* bar, const char* name, const char* caption) {
-    QMenu* m = bar->addMenu(caption);
-    m->setObjectName(name);
-    m->menuAction()->setObjectName(name);
-    return m;
-}
-
-} // namespace
 
 OutputD1::OutputD1(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_(ctx) {
     setObjectName("OutputD1");
@@ -42,35 +26,25 @@ OutputD1::OutputD1(AppContext& ctx, QWidget* parent) : QMainWindow(parent), ctx_
     setCentralWidget(RichText1);
 
     QMenuBar* bar = menuBar();
-    QMenu* file = Menu(bar, "mnuFile", "&File");
-    mnuFileSave = MenuAction(file, "mnuFileSave", "&Save");
-    mnuFileSaveAs = MenuAction(file, "mnuFileSaveAs", "Save &As");
-    QMenu* fonts = Menu(bar, "mnuFonts", "F&ont");
-    mnuFontsIncrease = MenuAction(fonts, "mnuFontsIncrease", "&Increase");
-    mnuFontsDecrease = MenuAction(fonts, "mnuFontsDecrease", "&Decrease");
-    mnuFontsBold = MenuAction(fonts, "mnuFontsBold", "&Bold");
-    mnuFontsItalic = MenuAction(fonts, "mnuFontsItalic", "I&talic");
+    QMenu* file = AddMenu(bar, "mnuFile", "&File");
+    mnuFileSave = AddItem(file, "mnuFileSave", "&Save", this, &OutputD1::mnuFileSave_Click);
+    mnuFileSaveAs =
+        AddItem(file, "mnuFileSaveAs", "Save &As", this, &OutputD1::mnuFileSaveAs_Click);
+    QMenu* fonts = AddMenu(bar, "mnuFonts", "F&ont");
+    mnuFontsIncrease =
+        AddItem(fonts, "mnuFontsIncrease", "&Increase", this, &OutputD1::mnuFontsIncrease_Click);
+    mnuFontsDecrease =
+        AddItem(fonts, "mnuFontsDecrease", "&Decrease", this, &OutputD1::mnuFontsDecrease_Click);
+    mnuFontsBold = AddItem(fonts, "mnuFontsBold", "&Bold", this, &OutputD1::mnuFontsBold_Click);
+    mnuFontsItalic =
+        AddItem(fonts, "mnuFontsItalic", "I&talic", this, &OutputD1::mnuFontsItalic_Click);
     mnuFontsBold->setCheckable(true);
     mnuFontsItalic->setCheckable(true);
-    mnuClearBuffer = bar->addAction("&Clear all data");
-    mnuClearBuffer->setObjectName("mnuClearBuffer");
-    mnuPrint = bar->addAction("&Print page");
-    mnuPrint->setObjectName("mnuPrint");
-    mnuPrintData = bar->addAction("Print &data");
-    mnuPrintData->setObjectName("mnuPrintData");
-    mnuHelp = bar->addAction("&Help");
-    mnuHelp->setObjectName("mnuHelp");
-
-    connect(mnuFileSave, &QAction::triggered, this, &OutputD1::mnuFileSave_Click);
-    connect(mnuFileSaveAs, &QAction::triggered, this, &OutputD1::mnuFileSaveAs_Click);
-    connect(mnuFontsIncrease, &QAction::triggered, this, &OutputD1::mnuFontsIncrease_Click);
-    connect(mnuFontsDecrease, &QAction::triggered, this, &OutputD1::mnuFontsDecrease_Click);
-    connect(mnuFontsBold, &QAction::triggered, this, &OutputD1::mnuFontsBold_Click);
-    connect(mnuFontsItalic, &QAction::triggered, this, &OutputD1::mnuFontsItalic_Click);
-    connect(mnuClearBuffer, &QAction::triggered, this, &OutputD1::mnuClearBuffer_Click);
-    connect(mnuPrint, &QAction::triggered, this, &OutputD1::mnuPrint_Click);
-    connect(mnuPrintData, &QAction::triggered, this, &OutputD1::mnuPrintData_Click);
-    connect(mnuHelp, &QAction::triggered, this, &OutputD1::mnuHelp_Click);
+    mnuClearBuffer =
+        AddItem(bar, "mnuClearBuffer", "&Clear all data", this, &OutputD1::mnuClearBuffer_Click);
+    mnuPrint = AddItem(bar, "mnuPrint", "&Print page", this, &OutputD1::mnuPrint_Click);
+    mnuPrintData = AddItem(bar, "mnuPrintData", "Print &data", this, &OutputD1::mnuPrintData_Click);
+    mnuHelp = AddItem(bar, "mnuHelp", "&Help", this, &OutputD1::mnuHelp_Click);
 
     Form_Load();
 }

@@ -14,6 +14,7 @@
 
 #include "base/TextFile.h"
 #include "shell/ui/AppContext.h"
+#include "shell/ui/Menus.h"
 #include "wheel/qt/WheelRender.h"
 
 namespace kal::ui {
@@ -62,63 +63,45 @@ Wheels::~Wheels() = default;
 
 void Wheels::buildMenus() {
     QMenuBar* bar = menuBar();
-    auto menu = [bar](const char* name, const char* caption) {
-        QMenu* m = bar->addMenu(caption);
-        m->setObjectName(name);
-        m->menuAction()->setObjectName(name);
-        return m;
-    };
-    auto item = [this](QWidget* parent, const char* name, const char* caption,
-                       void (Wheels::*slot)(), QKeySequence shortcut = {}) {
-        QAction* a = nullptr;
-        if (auto* b = qobject_cast<QMenuBar*>(parent))
-            a = b->addAction(caption);
-        else
-            a = static_cast<QMenu*>(parent)->addAction(caption);
-        a->setObjectName(name);
-        a->setShortcut(shortcut);
-        connect(a, &QAction::triggered, this, slot);
-        return a;
-    };
 
-    QMenu* update = menu("mnuUpdate", "&Update");
-    mnuUpdateAddDay = item(update, "mnuUpdateAddDay", "&Add a Day", &Wheels::mnuUpdateAddDay_Click,
-                           Qt::SHIFT | Qt::Key_F1);
-    mnuUpdateSubDay = item(update, "mnuUpdateSubDay", "&Go back a day",
-                           &Wheels::mnuUpdateSubDay_Click, Qt::SHIFT | Qt::Key_F2);
-    mnuUpdateAddHour = item(update, "mnuUpdateAddHour", "Add an &hour",
-                            &Wheels::mnuUpdateAddHour_Click, Qt::SHIFT | Qt::Key_F3);
-    mnuUpdateSubHour = item(update, "mnuUpdateSubHour", "Go &back an hour",
-                            &Wheels::mnuUpdateSubHour_Click, Qt::SHIFT | Qt::Key_F4);
-    mnuUpdateAddMinute = item(update, "mnuUpdateAddMinute", "Add a &minute",
-                              &Wheels::mnuUpdateAddMinute_Click, Qt::SHIFT | Qt::Key_F5);
-    mnuUpdateSubMinute = item(update, "mnuUpdateSubMinute", "Go bac&k a minute",
-                              &Wheels::mnuUpdateSubMinute_Click, Qt::SHIFT | Qt::Key_F6);
-    mnuAspects = item(bar, "mnuAspects", "&Aspects", &Wheels::mnuAspects_Click);
-    QMenu* orbs = menu("mnuOrbs", "&Orbs");
-    mnuOrbsChange = item(orbs, "mnuOrbsChange", "&Select new orb file",
-                         &Wheels::mnuOrbsChange_Click, Qt::Key_F11);
-    mnuOrbsEdit =
-        item(orbs, "mnuOrbsEdit", "&Edit orb file", &Wheels::mnuOrbsEdit_Click, Qt::Key_F12);
-    QMenu* options = menu("mnuOptions", "Options");
+    QMenu* update = AddMenu(bar, "mnuUpdate", "&Update");
+    mnuUpdateAddDay = AddItem(update, "mnuUpdateAddDay", "&Add a Day", this,
+                              &Wheels::mnuUpdateAddDay_Click, Qt::SHIFT | Qt::Key_F1);
+    mnuUpdateSubDay = AddItem(update, "mnuUpdateSubDay", "&Go back a day", this,
+                              &Wheels::mnuUpdateSubDay_Click, Qt::SHIFT | Qt::Key_F2);
+    mnuUpdateAddHour = AddItem(update, "mnuUpdateAddHour", "Add an &hour", this,
+                               &Wheels::mnuUpdateAddHour_Click, Qt::SHIFT | Qt::Key_F3);
+    mnuUpdateSubHour = AddItem(update, "mnuUpdateSubHour", "Go &back an hour", this,
+                               &Wheels::mnuUpdateSubHour_Click, Qt::SHIFT | Qt::Key_F4);
+    mnuUpdateAddMinute = AddItem(update, "mnuUpdateAddMinute", "Add a &minute", this,
+                                 &Wheels::mnuUpdateAddMinute_Click, Qt::SHIFT | Qt::Key_F5);
+    mnuUpdateSubMinute = AddItem(update, "mnuUpdateSubMinute", "Go bac&k a minute", this,
+                                 &Wheels::mnuUpdateSubMinute_Click, Qt::SHIFT | Qt::Key_F6);
+    mnuAspects = AddItem(bar, "mnuAspects", "&Aspects", this, &Wheels::mnuAspects_Click);
+    QMenu* orbs = AddMenu(bar, "mnuOrbs", "&Orbs");
+    mnuOrbsChange = AddItem(orbs, "mnuOrbsChange", "&Select new orb file", this,
+                            &Wheels::mnuOrbsChange_Click, Qt::Key_F11);
+    mnuOrbsEdit = AddItem(orbs, "mnuOrbsEdit", "&Edit orb file", this, &Wheels::mnuOrbsEdit_Click,
+                          Qt::Key_F12);
+    QMenu* options = AddMenu(bar, "mnuOptions", "Options");
     mnuOptionAspectLines =
-        item(options, "mnuOptionAspectLines", "&3 Degree Orbs for Wheel Aspect Lines",
-             &Wheels::mnuOptionAspectLines_Click, Qt::CTRL | Qt::Key_F11);
+        AddItem(options, "mnuOptionAspectLines", "&3 Degree Orbs for Wheel Aspect Lines", this,
+                &Wheels::mnuOptionAspectLines_Click, Qt::CTRL | Qt::Key_F11);
     mnuOptionDisplaySextiles =
-        item(options, "mnuOptionDisplaySextiles", "&Display sextiles",
-             &Wheels::mnuOptionDisplaySextiles_Click, Qt::CTRL | Qt::Key_F12);
+        AddItem(options, "mnuOptionDisplaySextiles", "&Display sextiles", this,
+                &Wheels::mnuOptionDisplaySextiles_Click, Qt::CTRL | Qt::Key_F12);
     mnuOptionAspectLines->setCheckable(true);
     mnuOptionDisplaySextiles->setCheckable(true);
     mnuPrintChartwheel =
-        item(bar, "mnuPrintChartwheel", "&Print", &Wheels::mnuPrintChartwheel_Click);
-    QMenu* type = menu("mnuChartType", "&Type");
+        AddItem(bar, "mnuPrintChartwheel", "&Print", this, &Wheels::mnuPrintChartwheel_Click);
+    QMenu* type = AddMenu(bar, "mnuChartType", "&Type");
     mnuCTAmerican =
-        item(type, "mnuCTAmerican", "&American", &Wheels::mnuCTAmerican_Click, Qt::Key_F7);
+        AddItem(type, "mnuCTAmerican", "&American", this, &Wheels::mnuCTAmerican_Click, Qt::Key_F7);
     mnuCTEuropean =
-        item(type, "mnuCTEuropean", "&European", &Wheels::mnuCTEuropean_Click, Qt::Key_F8);
+        AddItem(type, "mnuCTEuropean", "&European", this, &Wheels::mnuCTEuropean_Click, Qt::Key_F8);
     mnuCTAmerican->setCheckable(true);
     mnuCTEuropean->setCheckable(true);
-    mnuHelp = item(bar, "mnuHelp", "&Help", &Wheels::mnuHelp_Click);
+    mnuHelp = AddItem(bar, "mnuHelp", "&Help", this, &Wheels::mnuHelp_Click);
 }
 
 // --- life cycle ---------------------------------------------------------------
