@@ -6,7 +6,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
+#include <QListWidget>
 #include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QWidget>
 
@@ -16,10 +19,13 @@
 
 #include "TestSupport.h"
 #include "app/Windows.h"
+#include "base/OutputBuffer.h"
+#include "base/TextFile.h"
 #include "birthdata/Record.h"
 #include "shell/Session.h"
 #include "shell/ui/AppContext.h"
 #include "shell/ui/Kaltrova.h"
+#include "shell/ui/OutputD1.h"
 
 namespace kal::test {
 
@@ -102,6 +108,18 @@ struct StartedProgram {
     }
 
     QAction* action(const char* name) const { return main->findChild<QAction*>(name); }
+    template <class T = QWidget> T* win(ui::WindowName name) const {
+        return qobject_cast<T*>(ctx->window(name));
+    }
+    // The text the data window shows, empty without one.
+    QString dataText() const {
+        auto* data = win<ui::OutputD1>(ui::win::OutputD1);
+        return data ? data->RichText1->toPlainText() : QString();
+    }
+    std::string lastPage() const { return ReadFileBytes(LastPagePath(dir.path())).value_or(""); }
+    std::string lastMessage() const {
+        return dialogs->messages.empty() ? std::string() : dialogs->messages.back().text;
+    }
     // Triggers a menu item of the main window by its objectName.
     void trigger(const char* name) const {
         QVERIFY2(action(name), name);
@@ -117,6 +135,35 @@ struct StartedProgram {
         return ctx->calculate(in);
     }
 };
+
+// Clicks the push button `name` of a window.
+inline void Click(QWidget* w, const char* name) {
+    auto* b = w->findChild<QPushButton*>(name);
+    QVERIFY2(b, name);
+    b->click();
+}
+
+inline QStringList ListTexts(QWidget* w, const char* list) {
+    QStringList out;
+    auto* l = w->findChild<QListWidget*>(list);
+    for (int i = 0; l && i < l->count(); ++i) out << l->item(i)->text();
+    return out;
+}
+
+// Picks a list entry the way a mouse click does.
+inline void Pick(QWidget* w, const char* list, const QString& text) {
+    auto* l = w->findChild<QListWidget*>(list);
+    QVERIFY(l);
+    auto items = l->findItems(text, Qt::MatchExactly);
+    QVERIFY2(!items.isEmpty(), qPrintable(text));
+    l->setCurrentItem(items.first());
+    emit l->itemClicked(items.first());
+}
+
+// The text box `txtContent` of the editor windows.
+inline QPlainTextEdit* Content(QWidget* w) {
+    return w->findChild<QPlainTextEdit*>("txtContent");
+}
 
 inline void SaveScreenshot(QWidget* w, const QString& name) {
     QDir().mkpath(KALTROVA_SCREENSHOTS);
