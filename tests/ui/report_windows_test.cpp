@@ -3,44 +3,25 @@
 // the report's pages, printing to a PDF file, and the personal header
 // editor; screenshots.
 #include <QFileInfo>
-#include <QPlainTextEdit>
 #include <QPrinter>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QtTest>
 
 #include <filesystem>
 
 #include "ShellUiSupport.h"
-#include "base/TextFile.h"
 #include "report/ui/P_Name.h"
 #include "report/ui/Report.h"
-#include "shell/ui/OutputD1.h"
 #include "shell/ui/StatusDlg.h"
 
 using namespace kal;
-using kal::test::StartedProgram;
+using namespace kal::test;
 namespace fs = std::filesystem;
-
-class ReportWindowsTest : public QObject {
-    Q_OBJECT
-
-  private slots:
-    void reportCommandShowsTheDataPageAndTheViewer();
-    void viewerMovesByButtonsAndKeys();
-    void saveAndSaveAsWriteTheReportsPages();
-    void printGivesOnePdfPageForEachSavedPage();
-    void headerEditor();
-};
 
 namespace {
 
 ui::Report* Viewer(StartedProgram& p) {
-    return p.ctx->windowAs<ui::Report>(ui::win::Report);
-}
-
-QPlainTextEdit* Text(QWidget* w) {
-    return w->findChild<QPlainTextEdit*>("txtContent");
+    return p.win<ui::Report>(ui::win::Report);
 }
 
 QPushButton* Button(QWidget* w, const char* name) {
@@ -56,7 +37,7 @@ ui::Report* OpenOn(StartedProgram& p, int n) {
 }
 
 QString FirstLine(ui::Report* r) {
-    return Text(r)->toPlainText().section('\n', 0, 0);
+    return Content(r)->toPlainText().section('\n', 0, 0);
 }
 
 int PdfPages(const QString& file) {
@@ -68,191 +49,184 @@ int PdfPages(const QString& file) {
 
 } // namespace
 
-void ReportWindowsTest::reportCommandShowsTheDataPageAndTheViewer() {
-    StartedProgram p;
-    QVERIFY(p.calculate(test::kExampleRecord));
-    p.trigger("mnuReportNatal");
-    QVERIFY(p.dialogs->messages.empty());
-    auto* viewer = Viewer(p);
-    QVERIFY(viewer && viewer->isVisible());
-    QCOMPARE(viewer->windowTitle(), QString("Kaltrova (Tropical zodiac) - REPORT"));
-    // The first screen: 23 lines of the title page. The report's and the data
-    // page's lines are the command's, compared in the command-line tests.
-    const QString text = Text(viewer)->toPlainText();
-    QCOMPARE(text.count('\n'), 23);
-    QCOMPARE(text.section('\n', 7, 7), QString(37, ' ') + "EXAMPLE");
-    // The data window shows the natal data and the natal aspects.
-    auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
-    QVERIFY(data && data->isVisible());
-    QVERIFY(data->RichText1->toPlainText().contains("NATAL PLANET ASPECTS TO NATAL PLANETS"));
-    // The progress window has gone.
-    QVERIFY(!p.main->findChild<ui::StatusDlg*>());
+class ReportWindowsTest : public QObject {
+    Q_OBJECT
 
-    // Down to the rising sign's passage for the picture.
-    while (!Text(viewer)->toPlainText().contains("LEO RISING"))
-        Button(viewer, "cmdPageDOWN")->click();
-    test::SaveScreenshot(viewer, "report_viewer");
-}
+  private slots:
+    void reportCommandShowsTheDataPageTheViewerAndPrints() {
+        StartedProgram p;
+        QVERIFY(p.calculate(test::kExampleRecord));
+        p.trigger("mnuReportNatal");
+        QVERIFY(p.dialogs->messages.empty());
+        auto* viewer = Viewer(p);
+        QVERIFY(viewer && viewer->isVisible());
+        QCOMPARE(viewer->windowTitle(), QString("Kaltrova (Tropical zodiac) - REPORT"));
+        // The first screen: 23 lines of the title page. The report's and the data
+        // page's lines are the command's, compared in the command-line tests.
+        const QString text = Content(viewer)->toPlainText();
+        QCOMPARE(text.count('\n'), 23);
+        QCOMPARE(text.section('\n', 7, 7), QString(37, ' ') + "EXAMPLE");
+        // The data window shows the natal data and the natal aspects.
+        auto* data = p.ctx->windowAs<ui::OutputD1>(ui::win::OutputD1);
+        QVERIFY(data && data->isVisible());
+        QVERIFY(data->RichText1->toPlainText().contains("NATAL PLANET ASPECTS TO NATAL PLANETS"));
+        // The progress window has gone.
+        QVERIFY(!p.main->findChild<ui::StatusDlg*>());
 
-void ReportWindowsTest::viewerMovesByButtonsAndKeys() {
-    StartedProgram p;
-    ui::Report* r = OpenOn(p, 100);
-    QVERIFY(r);
-    QCOMPARE(FirstLine(r), QString("line 0"));
-    QCOMPARE(Text(r)->toPlainText().count('\n'), 23);
+        // Down to the rising sign's passage for the picture.
+        while (!Content(viewer)->toPlainText().contains("LEO RISING")) Click(viewer, "cmdPageDOWN");
+        test::SaveScreenshot(viewer, "report_viewer");
 
-    Button(r, "cmdPageDOWN")->click();
-    QCOMPARE(r->ReportTopLine, short(23));
-    QCOMPARE(FirstLine(r), QString("line 23"));
-    Button(r, "cmdDown1")->click();
-    QCOMPARE(FirstLine(r), QString("line 24"));
-    Button(r, "cmdUp1")->click();
-    Button(r, "cmdPageUP")->click();
-    QCOMPARE(r->ReportTopLine, short(0));
-    // Page up from the first page stays at line 0.
-    Button(r, "cmdPageUP")->click();
-    QCOMPARE(r->ReportTopLine, short(0));
-    QCOMPARE(FirstLine(r), QString("line 0"));
+        // Print gives one PDF page for each page of the saved report.
+        auto* r = viewer;
+        const QString pdf = QString::fromStdString((p.dir.path() / "report.pdf").string());
+        p.dialogs->onPrinter = [&](QPrinter& printer) {
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(pdf);
+            return true;
+        };
+        Click(r, "btnPrint");
+        const auto pages = SplitAtFormFeeds(ReportPagedLines(p.session.report, p.session.options));
+        QCOMPARE(PdfPages(pdf), static_cast<int>(pages.size()));
+        QVERIFY(QFileInfo(pdf).size() > 10000);
 
-    // The keys, in the text box and on the page buttons alike: Page Down,
-    // End a line down, Home a line up, Page Up.
-    QTest::keyClick(Text(r), Qt::Key_PageDown);
-    QCOMPARE(r->ReportTopLine, short(23));
-    QTest::keyClick(Button(r, "cmdPageDOWN"), Qt::Key_End);
-    QCOMPARE(r->ReportTopLine, short(24));
-    QTest::keyClick(Button(r, "cmdPageUP"), Qt::Key_Home);
-    QCOMPARE(r->ReportTopLine, short(23));
-    QTest::keyClick(Button(r, "cmdSave"), Qt::Key_PageUp);
-    QCOMPARE(r->ReportTopLine, short(0));
-    QTest::keyClick(r, Qt::Key_Home);
-    QCOMPARE(r->ReportTopLine, short(0));
+        // A cancelled printer prints nothing.
+        fs::remove(pdf.toStdString());
+        p.dialogs->onPrinter = nullptr;
+        Click(r, "btnPrint");
+        QVERIFY(!QFileInfo::exists(pdf));
+    }
 
-    // The last screen holds the empty line after the report; page down
-    // stops once the screen would start beyond it.
-    for (int k = 0; k < 10; ++k) QTest::keyClick(Text(r), Qt::Key_PageDown);
-    QCOMPARE(r->ReportTopLine, short(92));
-    QCOMPARE(FirstLine(r), QString("line 92"));
-    QCOMPARE(Text(r)->toPlainText().count('\n'), 9);
-    QTest::keyClick(Text(r), Qt::Key_End);
-    QCOMPARE(r->ReportTopLine, short(92));
+    void viewerMovesByButtonsAndKeys() {
+        StartedProgram p;
+        ui::Report* r = OpenOn(p, 100);
+        QVERIFY(r);
+        QCOMPARE(FirstLine(r), QString("line 0"));
+        QCOMPARE(Content(r)->toPlainText().count('\n'), 23);
 
-    Button(r, "btnCancel")->click();
-    QTRY_VERIFY(!Viewer(p));
+        // Moves by button (no key) and by key, in the text box (no widget
+        // named), on the window and on the buttons alike: the top line after each.
+        // clang-format off
+        const struct { const char* widget; Qt::Key key; short top; } moves[] = {
+            {"cmdPageDOWN", {}, 23}, {"cmdDown1", {}, 24}, {"cmdUp1", {}, 23},
+            {"cmdPageUP", {}, 0}, {"cmdPageUP", {}, 0},
+            {"", Qt::Key_PageDown, 23}, {"cmdPageDOWN", Qt::Key_End, 24},
+            {"cmdPageUP", Qt::Key_Home, 23}, {"cmdSave", Qt::Key_PageUp, 0},
+            {"window", Qt::Key_Home, 0}};
+        // clang-format on
+        for (const auto& m : moves) {
+            QWidget* w = !*m.widget ? Content(r) : r->findChild<QWidget*>(m.widget);
+            if (m.widget == std::string("window")) w = r;
+            if (m.key)
+                QTest::keyClick(w, m.key);
+            else
+                Button(r, m.widget)->click();
+            QCOMPARE(r->ReportTopLine, m.top);
+            QCOMPARE(FirstLine(r), QString("line %1").arg(m.top));
+        }
 
-    // 20 lines: 0 + 22 is beyond the report, page down does nothing.
-    r = OpenOn(p, 20);
-    Button(r, "cmdPageDOWN")->click();
-    Button(r, "cmdDown1")->click();
-    QCOMPARE(r->ReportTopLine, short(0));
-    QCOMPARE(Text(r)->toPlainText().count('\n'), 21);
-    // 22 lines: the screen may start just past the empty line after them.
-    r = OpenOn(p, 22);
-    Button(r, "cmdPageDOWN")->click();
-    QCOMPARE(r->ReportTopLine, short(23));
-    Button(r, "cmdPageDOWN")->click();
-    QCOMPARE(r->ReportTopLine, short(23));
-    // An empty report leaves the box as it is.
-    r = OpenOn(p, 0);
-    QVERIFY(Text(r)->toPlainText().isEmpty());
-}
+        // The last screen holds the empty line after the report; page down
+        // stops once the screen would start beyond it.
+        for (int k = 0; k < 10; ++k) QTest::keyClick(Content(r), Qt::Key_PageDown);
+        QCOMPARE(FirstLine(r), QString("line 92"));
+        QCOMPARE(Content(r)->toPlainText().count('\n'), 9);
+        QTest::keyClick(Content(r), Qt::Key_End);
+        QCOMPARE(r->ReportTopLine, short(92));
 
-void ReportWindowsTest::saveAndSaveAsWriteTheReportsPages() {
-    StartedProgram p;
-    ui::Report* r = OpenOn(p, 0);
-    const size_t before = p.dialogs->messages.size();
-    Button(r, "cmdSave")->click();
-    Button(r, "cmdSaveAs")->click();
-    Button(r, "btnPrint")->click();
-    QCOMPARE(p.dialogs->messages.size(), before + 3);
-    const Message noData{"No data to write to file.", "Information", Icon::Exclamation};
-    QCOMPARE(p.dialogs->messages[before], noData);
-    QCOMPARE(p.dialogs->messages[before + 1], noData);
-    QCOMPARE(p.dialogs->messages[before + 2],
-             (Message{"No data to print.", "Information", Icon::Exclamation}));
+        Click(r, "btnCancel");
+        QTRY_VERIFY(!Viewer(p));
 
-    r = OpenOn(p, 100);
-    p.session.options[131] = 60;
-    p.session.options[129] = 6;
-    p.session.options[132] = 3;
-    QString folder;
-    const fs::path chosen = p.dir.path() / "n_report" / "report.txt";
-    p.dialogs->onSaveAs = [&](const QString& f, const QString&) {
-        folder = f;
-        return QString();
-    };
-    // Save without a file name runs Save As in n_report; cancelled, nothing.
-    Button(r, "cmdSave")->click();
-    QCOMPARE(folder.toStdString(), (p.dir.path() / "n_report").string());
-    QVERIFY(p.session.paths.OutputFileName.empty());
-    QVERIFY(!fs::exists(chosen));
+        // 20 lines: 0 + 22 is beyond the report, page down does nothing.
+        r = OpenOn(p, 20);
+        Click(r, "cmdPageDOWN");
+        Click(r, "cmdDown1");
+        QCOMPARE(r->ReportTopLine, short(0));
+        QCOMPARE(Content(r)->toPlainText().count('\n'), 21);
+        // 22 lines: the screen may start just past the empty line after them.
+        r = OpenOn(p, 22);
+        Click(r, "cmdPageDOWN");
+        QCOMPARE(r->ReportTopLine, short(23));
+        Click(r, "cmdPageDOWN");
+        QCOMPARE(r->ReportTopLine, short(23));
+        // An empty report leaves the box as it is.
+        r = OpenOn(p, 0);
+        QVERIFY(Content(r)->toPlainText().isEmpty());
+    }
 
-    p.dialogs->onSaveAs = [&](const QString&, const QString&) {
-        return QString::fromStdString(chosen.string());
-    };
-    Button(r, "cmdSaveAs")->click();
-    QCOMPARE(p.session.paths.OutputFileName, chosen.string());
-    std::string expected;
-    for (const auto& line : ReportPagedLines(p.session.report, p.session.options))
-        expected += line + "\r\n";
-    QCOMPARE(ReadFileBytes(chosen).value(), expected);
+    void saveAndSaveAsWriteTheReportsPages() {
+        StartedProgram p;
+        ui::Report* r = OpenOn(p, 0);
+        p.dialogs->messages.clear();
+        Click(r, "cmdSave");
+        Click(r, "cmdSaveAs");
+        Click(r, "btnPrint");
+        const Message noData{"No data to write to file.", "Information", Icon::Exclamation};
+        QCOMPARE(
+            p.dialogs->messages,
+            (Messages{noData, noData, {"No data to print.", "Information", Icon::Exclamation}}));
 
-    // Save writes the shared file again, now with another report, without
-    // asking.
-    p.dialogs->onSaveAs = nullptr;
-    r = OpenOn(p, 10);
-    Button(r, "cmdSave")->click();
-    QCOMPARE(SplitLines(ReadFileBytes(chosen).value()).front(), std::string("line 0"));
-    QCOMPARE(SplitLines(ReadFileBytes(chosen).value()).size(), size_t(60 + 1));
-}
+        r = OpenOn(p, 100);
+        p.session.options[131] = 60;
+        p.session.options[129] = 6;
+        p.session.options[132] = 3;
+        QString folder;
+        const fs::path chosen = p.dir.path() / "n_report" / "report.txt";
+        p.dialogs->onSaveAs = [&](const QString& f, const QString&) {
+            folder = f;
+            return QString();
+        };
+        // Save without a file name runs Save As in n_report; cancelled, nothing.
+        Click(r, "cmdSave");
+        QCOMPARE(folder.toStdString(), (p.dir.path() / "n_report").string());
+        QVERIFY(p.session.paths.OutputFileName.empty());
+        QVERIFY(!fs::exists(chosen));
 
-void ReportWindowsTest::printGivesOnePdfPageForEachSavedPage() {
-    StartedProgram p;
-    QVERIFY(p.calculate(test::kExampleRecord));
-    p.trigger("mnuReportNatal");
-    auto* r = Viewer(p);
-    QVERIFY(r);
-    const QString pdf = QString::fromStdString((p.dir.path() / "report.pdf").string());
-    p.dialogs->onPrinter = [&](QPrinter& printer) {
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdf);
-        return true;
-    };
-    Button(r, "btnPrint")->click();
-    const auto pages = SplitAtFormFeeds(ReportPagedLines(p.session.report, p.session.options));
-    QCOMPARE(PdfPages(pdf), static_cast<int>(pages.size()));
-    QVERIFY(QFileInfo(pdf).size() > 10000);
+        p.dialogs->onSaveAs = [&](const QString&, const QString&) {
+            return QString::fromStdString(chosen.string());
+        };
+        Click(r, "cmdSaveAs");
+        QCOMPARE(p.session.paths.OutputFileName, chosen.string());
+        std::string expected;
+        for (const auto& line : ReportPagedLines(p.session.report, p.session.options))
+            expected += line + "\r\n";
+        QCOMPARE(ReadFileBytes(chosen).value(), expected);
 
-    // A cancelled printer prints nothing.
-    fs::remove(pdf.toStdString());
-    p.dialogs->onPrinter = nullptr;
-    Button(r, "btnPrint")->click();
-    QVERIFY(!QFileInfo::exists(pdf));
-}
+        // Save writes the shared file again, now with another report, without
+        // asking.
+        p.dialogs->onSaveAs = nullptr;
+        r = OpenOn(p, 10);
+        Click(r, "cmdSave");
+        QCOMPARE(SplitLines(ReadFileBytes(chosen).value()).front(), std::string("line 0"));
+        QCOMPARE(SplitLines(ReadFileBytes(chosen).value()).size(), size_t(60 + 1));
+    }
 
-void ReportWindowsTest::headerEditor() {
-    StartedProgram p;
-    const fs::path file = p.dir.path() / "PERSONAL.NAM";
-    const std::string original = ReadFileBytes(file).value();
-    p.trigger("mnuHeader");
-    auto* editor = p.ctx->windowAs<ui::P_Name>(ui::win::P_Name);
-    QVERIFY(editor && editor->isVisible());
-    QCOMPARE(editor->windowTitle(), QString("Edit: PERSONAL.NAM"));
-    QVERIFY(Text(editor)->toPlainText().startsWith("Jo Marren, Astrologer\n"));
-    test::SaveScreenshot(editor, "personal_header_editor");
+    void headerEditor() {
+        StartedProgram p;
+        const fs::path file = p.dir.path() / "PERSONAL.NAM";
+        const std::string original = ReadFileBytes(file).value();
+        p.trigger("mnuHeader");
+        auto* editor = p.ctx->windowAs<ui::P_Name>(ui::win::P_Name);
+        QVERIFY(editor && editor->isVisible());
+        QCOMPARE(editor->windowTitle(), QString("Edit: PERSONAL.NAM"));
+        QVERIFY(Content(editor)->toPlainText().startsWith("Jo Marren, Astrologer\n"));
+        test::SaveScreenshot(editor, "personal_header_editor");
 
-    // An unchanged save keeps the file exactly; an edit is written with
-    // CR LF and the window stays open.
-    Button(editor, "btnSave")->click();
-    QCOMPARE(ReadFileBytes(file).value(), original);
-    Text(editor)->setPlainText("A. N. Other\nConsulting Astrologer\n");
-    Button(editor, "btnSave")->click();
-    QCOMPARE(ReadFileBytes(file).value(), std::string("A. N. Other\r\nConsulting Astrologer\r\n"));
-    QVERIFY(editor->isVisible());
-    Text(editor)->setPlainText("not saved\n");
-    Button(editor, "btnQuit")->click();
-    QTRY_VERIFY(!p.ctx->window(ui::win::P_Name));
-    QCOMPARE(ReadFileBytes(file).value(), std::string("A. N. Other\r\nConsulting Astrologer\r\n"));
-}
+        // An unchanged save keeps the file exactly; an edit is written with
+        // CR LF and the window stays open.
+        Click(editor, "btnSave");
+        QCOMPARE(ReadFileBytes(file).value(), original);
+        Content(editor)->setPlainText("A. N. Other\nConsulting Astrologer\n");
+        Click(editor, "btnSave");
+        QCOMPARE(ReadFileBytes(file).value(),
+                 std::string("A. N. Other\r\nConsulting Astrologer\r\n"));
+        QVERIFY(editor->isVisible());
+        Content(editor)->setPlainText("not saved\n");
+        Click(editor, "btnQuit");
+        QTRY_VERIFY(!p.ctx->window(ui::win::P_Name));
+        QCOMPARE(ReadFileBytes(file).value(),
+                 std::string("A. N. Other\r\nConsulting Astrologer\r\n"));
+    }
+};
 
 QTEST_MAIN(ReportWindowsTest)
 #include "report_windows_test.moc"
