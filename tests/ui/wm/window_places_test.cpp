@@ -3,10 +3,7 @@
 // manager decides where a window goes from what the program asks. The
 // places are read back from the X server, not from Qt's own bookkeeping.
 #include <QLabel>
-#include <QListWidget>
-#include <QPlainTextEdit>
 #include <QProcess>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QtTest>
@@ -15,7 +12,6 @@
 #include <optional>
 
 #include "ShellUiSupport.h"
-#include "base/TextFile.h"
 
 using namespace kal;
 using kal::test::StartedProgram;
@@ -58,10 +54,9 @@ bool Shown(QWidget* w) {
 // A program started on a fresh program directory holding the settings file
 // the previous start left (none the first time).
 std::unique_ptr<StartedProgram> Start(const std::optional<std::string>& ini) {
-    auto p = std::make_unique<StartedProgram>([&](const test::ScratchAppDir& d) {
+    return std::make_unique<StartedProgram>([&](const test::ScratchAppDir& d) {
         if (ini) d.Write("Kaltrova.INI", *ini);
     });
-    return p;
 }
 
 // Ends the program in order and gives the settings file it wrote.
@@ -89,16 +84,10 @@ void ExpectBesideInput(StartedProgram& p, ui::WindowName list, const char* when)
     };
     // The manager may move a window once more when it frames it.
     const bool ok = QTest::qWaitFor(beside, 2000);
-    QVERIFY2(ok, qPrintable(QString("%1: input %2,%3 %4x%5, list %6,%7 %8x%9")
-                                .arg(when)
-                                .arg(a.x())
-                                .arg(a.y())
-                                .arg(a.width())
-                                .arg(a.height())
-                                .arg(b.x())
-                                .arg(b.y())
-                                .arg(b.width())
-                                .arg(b.height())));
+    const auto text = [](const QRect& r) {
+        return QString("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+    };
+    QVERIFY2(ok, qPrintable(QString(when) + ": input " + text(a) + ", list " + text(b)));
 }
 
 } // namespace
@@ -107,84 +96,81 @@ class WindowPlacesTest : public QObject {
     Q_OBJECT
 
   private slots:
-    void mainWindowComesBackWhereItWasLeft();
-    void aPlaceOffEveryScreenComesOntoTheScreen();
-    void namesAndCitiesOpenBesideTheInputWindow();
-};
-
-void WindowPlacesTest::mainWindowComesBackWhereItWasLeft() {
-    // The first start, at the default place; the user moves the strip.
-    auto p = Start(std::nullopt);
-    QVERIFY(Shown(p->main.get()));
-    const QRect first = OnScreen(p->main.get());
-    QVERIFY2(first.top() >= 0 && first.left() >= 0, "the menu strip is on the screen");
-    // Moved as the user drags it (the frame's corner to 200,150), and
-    // settled on the X server.
-    p->main->move(200, 150);
-    QTRY_COMPARE(Framed(p->main.get()).topLeft(), QPoint(200, 150));
-    QTRY_COMPARE(OnScreen(p->main.get()), p->main->geometry());
-    const QRect left = OnScreen(p->main.get());
-    std::string ini = End(*p);
-    p.reset();
-
-    // Two more starts: the strip is where it was left each time, and the
-    // settings file keeps the same place.
-    for (int run = 2; run <= 3; ++run) {
-        p = Start(ini);
+    void mainWindowComesBackWhereItWasLeft() {
+        // The first start, at the default place; the user moves the strip.
+        auto p = Start(std::nullopt);
         QVERIFY(Shown(p->main.get()));
-        QCOMPARE(OnScreen(p->main.get()), left);
-        SaveScreen(QString("wm_main_run%1").arg(run));
-        const std::string again = End(*p);
-        QCOMPARE(again, ini);
+        const QRect first = OnScreen(p->main.get());
+        QVERIFY2(first.top() >= 0 && first.left() >= 0, "the menu strip is on the screen");
+        // Moved as the user drags it (the frame's corner to 200,150), and
+        // settled on the X server.
+        p->main->move(200, 150);
+        QTRY_COMPARE(Framed(p->main.get()).topLeft(), QPoint(200, 150));
+        QTRY_COMPARE(OnScreen(p->main.get()), p->main->geometry());
+        const QRect left = OnScreen(p->main.get());
+        std::string ini = End(*p);
         p.reset();
-    }
-}
 
-void WindowPlacesTest::aPlaceOffEveryScreenComesOntoTheScreen() {
-    const QRect screen(0, 0, 1280, 1024);
-    for (const char* place : {"KaltrovaTop=-10000000000\r\nKaltrovaLeft=10000000000\r\n",
-                              "KaltrovaTop=50000\r\nKaltrovaLeft=-3000\r\n"}) {
-        auto p = Start(std::string(place));
-        QVERIFY(Shown(p->main.get()));
-        const QRect r = OnScreen(p->main.get());
-        QVERIFY2(screen.contains(r.topLeft()), place);
-        QVERIFY2(screen.contains(QPoint(r.left() + std::min(r.width(), 100) / 2, r.top())), place);
+        // Two more starts: the strip is where it was left each time, and the
+        // settings file keeps the same place.
+        for (int run = 2; run <= 3; ++run) {
+            p = Start(ini);
+            QVERIFY(Shown(p->main.get()));
+            QCOMPARE(OnScreen(p->main.get()), left);
+            SaveScreen(QString("wm_main_run%1").arg(run));
+            const std::string again = End(*p);
+            QCOMPARE(again, ini);
+            p.reset();
+        }
+    }
+
+    void aPlaceOffEveryScreenComesOntoTheScreen() {
+        const QRect screen(0, 0, 1280, 1024);
+        for (const char* place : {"KaltrovaTop=-10000000000\r\nKaltrovaLeft=10000000000\r\n",
+                                  "KaltrovaTop=50000\r\nKaltrovaLeft=-3000\r\n"}) {
+            auto p = Start(std::string(place));
+            QVERIFY(Shown(p->main.get()));
+            const QRect r = OnScreen(p->main.get());
+            QVERIFY2(screen.contains(r.topLeft()), place);
+            QVERIFY2(screen.contains(QPoint(r.left() + std::min(r.width(), 100) / 2, r.top())),
+                     place);
+            End(*p);
+        }
+    }
+
+    void namesAndCitiesOpenBesideTheInputWindow() {
+        auto p = Start(std::nullopt);
+        const fs::path names = p->dir.path() / "NAMES.FIL";
+        ExpectBesideInput(*p, ui::win::Names, "at the start");
+
+        // Over to the cities and back.
+        Win(*p, ui::win::Names)->findChild<QPushButton*>("Command1")->click();
+        ExpectBesideInput(*p, ui::win::Geograph, "cities");
+        Win(*p, ui::win::Geograph)->findChild<QPushButton*>("Command1")->click();
+        ExpectBesideInput(*p, ui::win::Names, "back to the names");
+
+        // After a calculation, the Input command.
+        Win(*p, ui::win::InputD)->findChild<QPushButton*>("cmdOK")->click();
+        p->trigger("mnuInputData");
+        ExpectBesideInput(*p, ui::win::Names, "the Input command");
+
+        // After a save.
+        p->dialogs->onChooseFile = [&](const QString&) {
+            return QString::fromStdString(names.string());
+        };
+        Win(*p, ui::win::InputD)->findChild<QPushButton*>("cmdSave")->click();
+        ExpectBesideInput(*p, ui::win::Names, "a save");
+
+        // After the editor's Quit.
+        Win(*p, ui::win::Names)->findChild<QPushButton*>("cmdEditList")->click();
+        QWidget* editor = Win(*p, ui::win::NameEdit);
+        QVERIFY(editor);
+        editor->findChild<QPushButton*>("btnQuit")->click();
+        ExpectBesideInput(*p, ui::win::Names, "the editor's Quit");
+        SaveScreen("wm_names_beside_input");
         End(*p);
     }
-}
-
-void WindowPlacesTest::namesAndCitiesOpenBesideTheInputWindow() {
-    auto p = Start(std::nullopt);
-    const fs::path names = p->dir.path() / "NAMES.FIL";
-    ExpectBesideInput(*p, ui::win::Names, "at the start");
-
-    // Over to the cities and back.
-    Win(*p, ui::win::Names)->findChild<QPushButton*>("Command1")->click();
-    ExpectBesideInput(*p, ui::win::Geograph, "cities");
-    Win(*p, ui::win::Geograph)->findChild<QPushButton*>("Command1")->click();
-    ExpectBesideInput(*p, ui::win::Names, "back to the names");
-
-    // After a calculation, the Input command.
-    Win(*p, ui::win::InputD)->findChild<QPushButton*>("cmdOK")->click();
-    p->trigger("mnuInputData");
-    ExpectBesideInput(*p, ui::win::Names, "the Input command");
-
-    // After a save.
-    p->dialogs->onChooseFile = [&](const QString&) {
-        return QString::fromStdString(names.string());
-    };
-    Win(*p, ui::win::InputD)->findChild<QPushButton*>("cmdSave")->click();
-    ExpectBesideInput(*p, ui::win::Names, "a save");
-
-    // After the editor's Quit.
-    Win(*p, ui::win::Names)->findChild<QPushButton*>("cmdEditList")->click();
-    QWidget* editor = Win(*p, ui::win::NameEdit);
-    QVERIFY(editor);
-    editor->findChild<QPushButton*>("btnQuit")->click();
-    ExpectBesideInput(*p, ui::win::Names, "the editor's Quit");
-    SaveScreen("wm_names_beside_input");
-    End(*p);
-}
+};
 
 QTEST_MAIN(WindowPlacesTest)
 #include "window_places_test.moc"
