@@ -215,6 +215,20 @@ WriteResult RenameFile(const fs::path& from, const fs::path& to) {
     return {};
 }
 
+WriteResult LinkFile(const fs::path& from, const fs::path& to) {
+    // A link does not replace a name that is taken.
+    if (::unlink(to.c_str()) != 0 && errno != ENOENT) return Failed(errno);
+    if (int e = Injected(WriteStep::Link, to)) return Failed(e);
+    if (::link(from.c_str(), to.c_str()) == 0) {
+        SyncFolder(FolderOf(to));
+        return {};
+    }
+    const int e = errno;
+    if (e == EXDEV || e == EPERM || e == EMLINK || e == EOPNOTSUPP)
+        return ReplaceFileWithCopy(from, to);
+    return Failed(e);
+}
+
 Message WriteFailedMessage(const fs::path& file, const WriteResult& result) {
     return {"The file " + file.string() + " could not be written (" + result.reason +
                 "). The file on the disk has not been changed.",

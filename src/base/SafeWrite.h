@@ -39,6 +39,12 @@ WriteResult WriteFileFlushed(const std::filesystem::path& file, std::string_view
 // Renames `from` to `to` (replacing `to`) and flushes the folder entry.
 WriteResult RenameFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
+// Gives the file `from` the second name `to` (replacing `to`), so that both
+// names hold the same content and `from` never leaves its place; where the
+// disk cannot give a file two names (another disk, a FAT stick), `to` gets a
+// copy written through a temporary file.
+WriteResult LinkFile(const std::filesystem::path& from, const std::filesystem::path& to);
+
 // The message for a file that could not be written: its name, the reason,
 // and that the file on the disk was left as it was.
 Message WriteFailedMessage(const std::filesystem::path& file, const WriteResult& result);
@@ -53,6 +59,7 @@ enum class WriteStep {
     Write,  // a block of data is written (once per block of up to 64 KiB)
     Sync,   // the data is flushed to the disk
     Rename, // a file takes its new name
+    Link,   // a file gets a second name (a backup)
 };
 
 // Asked before each step with the step and the file the step works on; a

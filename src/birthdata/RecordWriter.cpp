@@ -137,13 +137,16 @@ SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::
         return fail("the temporary file " + tempFile.filename().string() + " cannot be written (" +
                     w.reason + ")");
 
+    // The backup is the names file under a second name rather than the file
+    // moved away: the names file stays in its place until the new one takes
+    // its name in one step, so a crash or a power cut between the steps never
+    // leaves the folder without it. Afterwards the backup holds the old file
+    // all the same.
     const fs::path backup = BackupPath(target);
-    if (targetExists) {
-        if (fs::exists(backup, ec) && !fs::remove(backup, ec)) {
-            fs::remove(tempFile, ec);
-            return fail("the backup " + backup.filename().string() + " cannot be replaced");
-        }
-        if (WriteResult w = RenameFile(target, backup); !w) {
+    // A names file whose own name ends in OLD is its own backup name: it
+    // keeps no backup rather than losing itself to one.
+    if (targetExists && !fs::equivalent(target, backup, ec)) {
+        if (WriteResult w = LinkFile(target, backup); !w) {
             fs::remove(tempFile, ec);
             return fail("the backup " + backup.filename().string() + " cannot be made (" +
                         w.reason + ")");
@@ -154,10 +157,7 @@ SaveResult SaveRecord(const BirthRecord& rec, const fs::path& target, const fs::
     // another disk gets a copy, itself written through a temporary file.
     if (!moved && moved.error == EXDEV) moved = ReplaceFileWithCopy(tempFile, target);
     fs::remove(tempFile, ec);
-    if (!moved) {
-        if (targetExists) RenameFile(backup, target);
-        return fail("the names file cannot be replaced (" + moved.reason + ")");
-    }
+    if (!moved) return fail("the names file cannot be replaced (" + moved.reason + ")");
     result.saved = true;
     return result;
 }
