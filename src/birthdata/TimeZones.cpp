@@ -127,6 +127,9 @@ std::optional<Message> ApplyZone(const ZoneTable& t, std::string_view line, Inpu
         double v = Val(t.ZoneOffset[i]);
         in.optEast = v < 0;
         in.txtTZ = StrText(v);
+        // A value so close to 0 that it is written with an exponent ("1E-20")
+        // would be read back from the field as another zone: it is 0.
+        if (in.txtTZ.find('E') != std::string::npos) in.txtTZ = v < 0 ? "-0" : StrText(0);
         return std::nullopt;
     }
     return TzCorruptMessage();

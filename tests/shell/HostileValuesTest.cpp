@@ -11,6 +11,7 @@
 #include "TestSupport.h"
 #include "base/Options.h"
 #include "base/TextFile.h"
+#include "base/VbText.h"
 #include "birthdata/CitiesFile.h"
 #include "birthdata/NamesFile.h"
 #include "birthdata/Record.h"
@@ -161,23 +162,33 @@ TEST_F(Hostile, ZonesAtTheLimitsOfTheChecks) {
     }
 }
 
-// TZ.DAT zones at the limits of a number: the list line is made and a pick
-// gives the zone field, which the input checks then refuse.
+// TZ.DAT zones at the limits of a number: the list line is made for each;
+// a pick refuses what is no zone (the corrupt-table message, or the input
+// checks' refusal of the zone field it gives) and never lets a value through
+// as another: the field holds the number the table holds.
 TEST(HostileFiles, ZoneTableOffsetsAtTheLimits) {
     ZoneTable t = ParseZoneTable("\"Far East\",FE,-13\r\n\"Past it\",PI,1e308\r\n"
-                                 "\"Huge\",HG,99999999999999\r\n\"Tiny\",TN,-0.0000001\r\n");
+                                 "\"Huge\",HG,99999999999999\r\n"
+                                 "\"Twenty digits\",TD,99999999999999999999\r\n"
+                                 "\"Exponent\",EX,1E+20\r\n\"Tiny\",TN,-0.0000001\r\n"
+                                 "\"Tinier\",TR,0.00000000000000000001\r\n");
     ASSERT_FALSE(t.corrupt);
-    ASSERT_EQ(t.ZoneName.size(), 4u);
-    InputFields in;
-    ASSERT_FALSE(ApplyZone(t, ZoneListLine("Far East", "FE", "-13"), in));
-    EXPECT_EQ(in.txtTZ, "-13");
-    EXPECT_TRUE(in.optEast);
-    for (size_t i = 1; i < t.ZoneName.size(); ++i) {
+    ASSERT_EQ(t.ZoneName.size(), 7u);
+    for (size_t i = 0; i < t.ZoneName.size(); ++i) {
+        SCOPED_TRACE(t.ZoneName[i]);
+        const std::string line = ZoneListLine(t.ZoneName[i], t.ZoneCode[i], t.ZoneOffset[i]);
+        EXPECT_EQ(ZoneNameOfLine(line), t.ZoneName[i]);
         InputFields z = Fields("Zone,12 May 1959,10.43,A,6,75.23,39.45,");
-        auto m = ApplyZone(t, ZoneListLine(t.ZoneName[i], t.ZoneCode[i], t.ZoneOffset[i]), z);
-        if (!m && t.ZoneName[i] != "Tiny") {
-            EXPECT_FALSE(InputChecks(z, 'P').empty()) << t.ZoneName[i] << " gave " << z.txtTZ;
+        auto m = ApplyZone(t, line, z);
+        const bool passes = !m && InputChecks(z, 'P').empty();
+        if (m) {
+            EXPECT_EQ(*m, TzCorruptMessage());
         }
+        const double offset = std::strtod(t.ZoneOffset[i].c_str(), nullptr);
+        EXPECT_EQ(passes, std::fabs(offset) <= 13) << "zone field " << z.txtTZ;
+        if (!passes) continue;
+        EXPECT_NEAR(Val(z.txtTZ), offset, 1e-6) << z.txtTZ;
+        EXPECT_EQ(z.optEast, offset < 0);
     }
 }
 
