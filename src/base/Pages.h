@@ -4,12 +4,25 @@
 // window's Save and the natal report's Save and Print page their lines here.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kal {
+
+// The most lines a page of a file or a print-out holds. Page lengths come
+// from OPTIONS.OPT, where a slip of the hand gives 9999999 or "1E+20": a
+// length beyond this is held at it, so that such a value cannot fill a file
+// with millions of empty lines or keep the program counting for ever. A
+// length of 0 or less means a page that never ends, as before.
+constexpr float kMaxPageLines = 1000;
+inline float PageLinesWithin(float lines) {
+    if (std::isnan(lines)) return 0;
+    return std::clamp(lines, -kMaxPageLines, kMaxPageLines);
+}
 
 // A line holding a single form feed ends a page.
 inline bool IsFormFeedLine(std::string_view line) {

@@ -123,8 +123,9 @@ void TitlePage(NatalReport& r, const Chart& c, const ReportInputs& in) {
     // option 131 lines less the option 129 lines of its foot, and the fixed
     // part above is 11 lines.
     const int fixedLines = 11;
-    float gap = in.options[131] - static_cast<float>(r.PersonalLines.size()) -
-                static_cast<float>(fixedLines) - in.options[129];
+    // Page options far out of range are held within a page's bound.
+    float gap = PageLinesWithin(in.options[131] - static_cast<float>(r.PersonalLines.size()) -
+                                static_cast<float>(fixedLines) - in.options[129]);
     for (int k = 1; static_cast<float>(k) <= gap; ++k) r.AppendReportBlank();
     for (const auto& line : r.PersonalLines) {
         r.OutLine = Centred(line);
@@ -198,14 +199,16 @@ void BuildNatalReport(NatalReport& r, const Chart& c, const ReportInputs& in,
 PageLayout ReportPageLayout(const Options& options) {
     PageLayout layout;
     layout.firstCount = 0;
-    layout.pageEndAt = options[131] - options[129];
+    // Options 131 (page length), 129 (lines at its foot) and 132 (empty
+    // lines at the top of later pages), each held within a page's bound.
+    layout.pageEndAt = PageLinesWithin(options[131] - options[129]);
     layout.footerGap = 4;
     // The first page's footer is an empty line unless it is also the last.
     layout.footer = [](int page, bool last) {
         return page > 1 || last ? std::string(37, ' ') + "Page " + std::to_string(page)
                                 : std::string();
     };
-    layout.topLines = options[132] > 0 ? options[132] : 0;
+    layout.topLines = options[132] > 0 ? PageLinesWithin(options[132]) : 0;
     layout.textFormFeedsRestart = false;
     layout.end = PageLayout::End::PadLastPage;
     return layout;

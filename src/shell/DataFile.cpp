@@ -24,7 +24,8 @@ void AppendLine(std::string& out, std::string_view line) {
 PageLayout DataSaveLayout(float linesPerPage) {
     PageLayout layout;
     layout.firstCount = 1;
-    layout.pageEndAt = linesPerPage;
+    // Option 45, held within a page's bound.
+    layout.pageEndAt = PageLinesWithin(linesPerPage);
     layout.textFormFeedsRestart = true;
     layout.end = PageLayout::End::FormFeedUnlessTextHadOne;
     return layout;
@@ -87,6 +88,8 @@ int PrintFontSize(int widthClass) {
 
 std::vector<std::vector<std::string>> PrintPages(const std::vector<std::string>& lines,
                                                  float linesPerPage) {
+    // Option 30, held within a page's bound.
+    linesPerPage = PageLinesWithin(linesPerPage);
     std::vector<std::vector<std::string>> pages(1);
     int counter = 1;
     for (const auto& line : lines) {

@@ -5,7 +5,10 @@
 
 #include "TestSupport.h"
 #include "base/TextFile.h"
+#include "birthdata/Record.h"
+#include "report/NatalReport.h"
 #include "shell/DataFile.h"
+#include "shell/Session.h"
 
 using namespace kal;
 
@@ -64,4 +67,39 @@ TEST(PrintWindow, PagesByLineCountAndFormFeeds) {
 
     // An exact fill leaves no empty page at the end.
     EXPECT_EQ(PrintPages({"1", "2", "3", "4"}, 2).size(), 2u);
+}
+
+// Page options typed far out of range, or as nothing: the saved listing,
+// the print pages and the natal report (title page and paging) stay within
+// a thousand lines a page, and no value makes them count for ever.
+TEST(PageOptions, ValuesOutOfRangeNeverFillAFileWithEmptyLines) {
+    test::ScratchAppDir dir;
+    Session s;
+    s.Open(dir.path());
+    auto rec = ParseRecordLine("Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
+    InputFields in;
+    ASSERT_FALSE(TransferRecord(*rec, 0, in));
+    ASSERT_TRUE(s.Calculate(in).calculated);
+    const std::vector<std::string> data(300, "data line");
+    ASSERT_TRUE(s.CmdNatalReport().empty());
+    const size_t usual = s.report.ReportLineCount();
+    for (float v : {9999999.0f, 1e20f, -9999999.0f, 0.0f, -1.0f, std::nanf("")}) {
+        SCOPED_TRACE(v);
+        EXPECT_LE(SplitLines(SavedDataBytes(data, v)).size(), 302u);
+        EXPECT_LE(PrintPages(data, v).front().size(), 1000u);
+        s.options[131] = v;
+        s.options[132] = v;
+        s.options[129] = 6;
+        ASSERT_TRUE(s.CmdNatalReport().empty());
+        const size_t reportLines = s.report.ReportLineCount();
+        EXPECT_LE(reportLines, usual + 1000);
+        const auto paged = ReportPagedLines(s.report, s.options);
+        // Every report line is there; breaks, footers and padding add at
+        // most a page's bound per page.
+        EXPECT_GE(paged.size(), reportLines);
+        EXPECT_LE(paged.size(), reportLines * 8 + 2 * 1000);
+    }
+    // A page at the bound: a break after a thousand lines.
+    const std::vector<std::string> many(2500, "x");
+    EXPECT_EQ(SplitAtFormFeeds(SplitLines(SavedDataBytes(many, 9999999))).front().size(), 1000u);
 }
