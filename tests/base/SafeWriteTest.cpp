@@ -1,6 +1,6 @@
-// Replacing files so that a failed write leaves the old file whole: faults
-// injected at every step, a disk that really fills, and what the user is
-// told.
+// Replacing files: permissions and links kept, and a disk that really
+// fills. Faults at every step of every writer are tried in
+// tests/shell/WriteFaultsTest.cpp.
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -49,48 +49,6 @@ TEST(SafeWrite, ReplacesKeepingPermissionsAndLinks) {
     ASSERT_TRUE(ReplaceFileWithCopy(names, dir.path() / "COPY.FIL"));
     EXPECT_EQ(Bytes(dir.path() / "COPY.FIL"), "through the link\r\n");
     for (const auto& n : Entries(dir.path())) EXPECT_NE(n[0], '.') << n;
-}
-
-TEST(SafeWrite, AFaultAtAnyStepLeavesTheOldFileWholeAndSaysWhy) {
-    struct Row {
-        WriteStep step;
-        int nth;
-        int error;
-        const char* reason;
-    };
-    // Three blocks of data: the fault can strike after one block is out.
-    const std::string big(3 * 64 * 1024 + 17, 'n');
-    for (const Row& r :
-         {Row{WriteStep::Create, 1, EROFS, "the disk is read-only"},
-          Row{WriteStep::Write, 1, ENOSPC, "the disk is full"},
-          Row{WriteStep::Write, 3, ENOSPC, "the disk is full"},
-          Row{WriteStep::Sync, 1, EIO, "the disk reported an input/output error"},
-          Row{WriteStep::Rename, 1, EACCES, "there is no permission to write there"}}) {
-        kal::test::ScratchAppDir dir;
-        dir.Write("NAMES.FIL", "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n");
-        const auto before = Entries(dir.path());
-        WriteResult res;
-        {
-            kal::test::WriteFault fault(r.step, r.nth, r.error);
-            res = ReplaceFile(dir.path() / "NAMES.FIL", big);
-        }
-        SCOPED_TRACE(r.reason);
-        EXPECT_FALSE(res);
-        EXPECT_EQ(res.reason, r.reason);
-        EXPECT_EQ(Bytes(dir.path() / "NAMES.FIL"),
-                  "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n");
-        EXPECT_EQ(Entries(dir.path()), before) << "a temporary file was left behind";
-        EXPECT_EQ(WriteFailedMessage(dir.path() / "NAMES.FIL", res).text,
-                  "The file " + (dir.path() / "NAMES.FIL").string() + " could not be written (" +
-                      r.reason + "). The file on the disk has not been changed.");
-    }
-}
-
-TEST(SafeWrite, FlushedInPlaceWriteRemovesAHalfFile) {
-    kal::test::ScratchAppDir dir;
-    kal::test::WriteFault fault(WriteStep::Sync, 1, ENOSPC);
-    EXPECT_FALSE(WriteFileFlushed(dir.path() / "wfyert.hyq", "records"));
-    EXPECT_FALSE(fs::exists(dir.path() / "wfyert.hyq"));
 }
 
 TEST(SafeWrite, ARealDiskThatFills) {

@@ -4,10 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <random>
 
-#include <cerrno>
 #include <unistd.h>
 
 #include "TestSupport.h"
@@ -21,22 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct TempDir {
-    fs::path path =
-        fs::temp_directory_path() / ("kaltrova-save-" + std::to_string(std::random_device{}()));
-    TempDir() { fs::create_directories(path); }
-    ~TempDir() {
-        std::error_code ec;
-        fs::permissions(path, fs::perms::owner_all, fs::perm_options::add, ec);
-        fs::remove_all(path, ec);
-    }
-    void write(const std::string& name, const std::string& bytes) const {
-        std::ofstream(path / name, std::ios::binary) << bytes;
-    }
-    std::string read(const std::string& name) const {
-        return ReadFileBytes(path / name).value_or("<missing>");
-    }
-};
+using TempDir = test::TempFolder;
 
 InputFields Mary() {
     InputFields in;
@@ -101,64 +83,64 @@ TEST(SaveRecord, DuplicateYesReplacesNoKeepsBothAndBackupHoldsTheOldFile) {
     TempDir d;
     const std::string original = "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n"
                                  "MARY SMITH,01 Jan 1970,1.00,A,5,071.04,42.21,old@x.org\r\n";
-    d.write("NAMES.FIL", original);
+    d.Write("NAMES.FIL", original);
     int asked = 0;
     auto yes = [&](const BirthRecord& r) {
         ++asked;
         EXPECT_EQ(r.RecName, "MARY SMITH");
         return true;
     };
-    auto res = SaveInputRecord(Mary(), 0, d.path, d.path / "NAMES.FIL", yes);
+    auto res = SaveInputRecord(Mary(), 0, d.path(), d.path() / "NAMES.FIL", yes);
     EXPECT_TRUE(res.saved);
     EXPECT_TRUE(res.messages.empty());
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(d.read("NAMES.FIL"),
+    EXPECT_EQ(d.Read("NAMES.FIL"),
               "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org\r\n"
               "Mary Smith,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org\r\n");
-    EXPECT_EQ(d.read("NAMES.OLD"), original);
-    EXPECT_FALSE(fs::exists(d.path / "wfyert.hyq"));
+    EXPECT_EQ(d.Read("NAMES.OLD"), original);
+    EXPECT_FALSE(fs::exists(d.path() / "wfyert.hyq"));
 
     // No: the record of the same name stays and the new one comes last.
-    res = SaveInputRecord(Mary(), 0, d.path, d.path / "NAMES.FIL",
+    res = SaveInputRecord(Mary(), 0, d.path(), d.path() / "NAMES.FIL",
                           [](const BirthRecord&) { return false; });
     EXPECT_TRUE(res.saved);
-    auto list = LoadNamesFile(d.path / "NAMES.FIL");
+    auto list = LoadNamesFile(d.path() / "NAMES.FIL");
     ASSERT_EQ(list.records.size(), 3u);
     EXPECT_EQ(list.records[1].RecName, "Mary Smith");
     EXPECT_EQ(list.records[2].RecName, "Mary Smith");
     // The backup now holds the file as it was before this save.
-    EXPECT_EQ(LoadNamesFile(d.path / "NAMES.OLD").records.size(), 2u);
+    EXPECT_EQ(LoadNamesFile(d.path() / "NAMES.OLD").records.size(), 2u);
 }
 
 TEST(SaveRecord, CommaInNameWritesNothing) {
     TempDir d;
-    d.write("NAMES.FIL", "A,12 May 1959,10.43,A,6,75.23,39.45,\r\n");
+    d.Write("NAMES.FIL", "A,12 May 1959,10.43,A,6,75.23,39.45,\r\n");
     InputFields in = Mary();
     in.txtName = "Smith, Mary";
-    auto res = SaveInputRecord(in, 0, d.path, d.path / "NAMES.FIL", nullptr);
+    auto res = SaveInputRecord(in, 0, d.path(), d.path() / "NAMES.FIL", nullptr);
     EXPECT_FALSE(res.saved);
     ASSERT_EQ(res.messages.size(), 1u);
     EXPECT_EQ(res.messages[0], CommaInNameMessage());
-    EXPECT_EQ(d.read("NAMES.FIL"), "A,12 May 1959,10.43,A,6,75.23,39.45,\r\n");
-    EXPECT_FALSE(fs::exists(d.path / "NAMES.OLD"));
+    EXPECT_EQ(d.Read("NAMES.FIL"), "A,12 May 1959,10.43,A,6,75.23,39.45,\r\n");
+    EXPECT_FALSE(fs::exists(d.path() / "NAMES.OLD"));
 }
 
 TEST(SaveRecord, LinesThatAreNotRecordsSurviveTheCopy) {
     TempDir d;
-    d.write("X.FIL", "A,12 May 1959,10.43,A,6,75.23,39.45,\r\nbroken line\r\n");
-    auto res = SaveInputRecord(Mary(), 0, d.path, d.path / "X.FIL", nullptr);
+    d.Write("X.FIL", "A,12 May 1959,10.43,A,6,75.23,39.45,\r\nbroken line\r\n");
+    auto res = SaveInputRecord(Mary(), 0, d.path(), d.path() / "X.FIL", nullptr);
     ASSERT_TRUE(res.saved);
-    EXPECT_EQ(d.read("X.FIL"), "A,12 May 1959,10.43,A,6,75.23,39.45,\r\nbroken line\r\n"
+    EXPECT_EQ(d.Read("X.FIL"), "A,12 May 1959,10.43,A,6,75.23,39.45,\r\nbroken line\r\n"
                                "Mary Smith,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org\r\n");
-    EXPECT_EQ(BackupPath(d.path / "X.FIL"), d.path / "X.OLD");
+    EXPECT_EQ(BackupPath(d.path() / "X.FIL"), d.path() / "X.OLD");
 }
 
 TEST(SaveRecord, AWindows1252FileKeepsItsBytes) {
     TempDir d;
     const std::string old = "Jos\xe9 M\xfcller,12 May 1959,10.43,A,6,75.23,39.45,\r\n"
                             "S\xe3o line that is no record\r\n";
-    d.write("W.FIL", old);
-    auto list = LoadNamesFile(d.path / "W.FIL");
+    d.Write("W.FIL", old);
+    auto list = LoadNamesFile(d.path() / "W.FIL");
     ASSERT_EQ(list.records.size(), 1u);
     EXPECT_EQ(list.records[0].RecName, "José Müller");
     EXPECT_EQ(list.encoding, TextEncoding::Windows1252);
@@ -167,16 +149,16 @@ TEST(SaveRecord, AWindows1252FileKeepsItsBytes) {
     // file's encoding.
     InputFields zoe = Mary();
     zoe.txtName = "Zoë Brontë";
-    ASSERT_TRUE(SaveInputRecord(zoe, 0, d.path, d.path / "W.FIL", nullptr).saved);
-    EXPECT_EQ(d.read("W.FIL"),
+    ASSERT_TRUE(SaveInputRecord(zoe, 0, d.path(), d.path() / "W.FIL", nullptr).saved);
+    EXPECT_EQ(d.Read("W.FIL"),
               old + "Zo\xeb Bront\xeb,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org\r\n");
-    EXPECT_EQ(d.read("W.OLD"), old);
+    EXPECT_EQ(d.Read("W.OLD"), old);
 
     // A name the encoding cannot hold: the whole file becomes UTF-8, and
     // nothing is lost.
     zoe.txtName = "Łukasz";
-    ASSERT_TRUE(SaveInputRecord(zoe, 0, d.path, d.path / "W.FIL", nullptr).saved);
-    auto names = LoadNamesFile(d.path / "W.FIL");
+    ASSERT_TRUE(SaveInputRecord(zoe, 0, d.path(), d.path() / "W.FIL", nullptr).saved);
+    auto names = LoadNamesFile(d.path() / "W.FIL");
     EXPECT_EQ(names.encoding, TextEncoding::Utf8);
     ASSERT_EQ(names.records.size(), 3u);
     EXPECT_EQ(names.records[0].RecName, "José Müller");
@@ -190,70 +172,47 @@ TEST(SaveRecord, FailingStepsLeaveTheNamesFileAsItWas) {
         ASSERT_EQ(res.messages.size(), 1u);
         EXPECT_EQ(res.messages[0].caption, "Error!");
         EXPECT_NE(res.messages[0].text.find("NAMES.FIL has not been changed"), std::string::npos);
-        EXPECT_EQ(names.read("NAMES.FIL"), original);
+        EXPECT_EQ(names.Read("NAMES.FIL"), original);
     };
 
     // The temporary file cannot be written (a folder holds its name).
     {
         TempDir app, names;
-        names.write("NAMES.FIL", original);
-        fs::create_directory(app.path / "wfyert.hyq");
-        expectUnchanged(names,
-                        SaveInputRecord(Mary(), 0, app.path, names.path / "NAMES.FIL", nullptr));
-        EXPECT_FALSE(fs::exists(names.path / "NAMES.OLD"));
+        names.Write("NAMES.FIL", original);
+        fs::create_directory(app.path() / "wfyert.hyq");
+        expectUnchanged(
+            names, SaveInputRecord(Mary(), 0, app.path(), names.path() / "NAMES.FIL", nullptr));
+        EXPECT_FALSE(fs::exists(names.path() / "NAMES.OLD"));
     }
     // The old backup cannot be removed (a folder with content holds its name).
     {
         TempDir app, names;
-        names.write("NAMES.FIL", original);
-        fs::create_directories(names.path / "NAMES.OLD" / "inside");
-        expectUnchanged(names,
-                        SaveInputRecord(Mary(), 0, app.path, names.path / "NAMES.FIL", nullptr));
-        EXPECT_FALSE(fs::exists(app.path / "wfyert.hyq"));
-    }
-    // Every step of the write failing in turn: the temporary file's
-    // creation, its data, its flush, the rename to the backup and the rename
-    // of the copy into place.
-    struct Fault {
-        WriteStep step;
-        int nth;
-    };
-    for (Fault f :
-         {Fault{WriteStep::Create, 1}, Fault{WriteStep::Write, 1}, Fault{WriteStep::Sync, 1},
-          Fault{WriteStep::Rename, 1}, Fault{WriteStep::Rename, 2}}) {
-        TempDir app, names;
-        names.write("NAMES.FIL", original);
-        names.write("NAMES.OLD", "the backup before\r\n");
-        SaveResult res;
-        {
-            test::WriteFault fault(f.step, f.nth, ENOSPC);
-            res = SaveInputRecord(Mary(), 0, app.path, names.path / "NAMES.FIL", nullptr);
-        }
-        SCOPED_TRACE(static_cast<int>(f.step) * 10 + f.nth);
-        expectUnchanged(names, res);
-        EXPECT_NE(res.messages[0].text.find("(the disk is full)"), std::string::npos);
-        EXPECT_FALSE(fs::exists(app.path / "wfyert.hyq"));
+        names.Write("NAMES.FIL", original);
+        fs::create_directories(names.path() / "NAMES.OLD" / "inside");
+        expectUnchanged(
+            names, SaveInputRecord(Mary(), 0, app.path(), names.path() / "NAMES.FIL", nullptr));
+        EXPECT_FALSE(fs::exists(app.path() / "wfyert.hyq"));
     }
     if (geteuid() == 0) return; // permissions do not bind root
     // The names file's folder is read-only: the renames fail.
     {
         TempDir app, names;
-        names.write("NAMES.FIL", original);
-        fs::permissions(names.path, fs::perms::owner_read | fs::perms::owner_exec);
-        expectUnchanged(names,
-                        SaveInputRecord(Mary(), 0, app.path, names.path / "NAMES.FIL", nullptr));
-        EXPECT_FALSE(fs::exists(app.path / "wfyert.hyq"));
+        names.Write("NAMES.FIL", original);
+        fs::permissions(names.path(), fs::perms::owner_read | fs::perms::owner_exec);
+        expectUnchanged(
+            names, SaveInputRecord(Mary(), 0, app.path(), names.path() / "NAMES.FIL", nullptr));
+        EXPECT_FALSE(fs::exists(app.path() / "wfyert.hyq"));
     }
 }
 
 TEST(NewNamesFile, HoldsTheExampleRecordOnly) {
     TempDir d;
-    ASSERT_TRUE(WriteNewNamesFile(d.path / "NEW.FIL"));
-    auto list = LoadNamesFile(d.path / "NEW.FIL");
+    ASSERT_TRUE(WriteNewNamesFile(d.path() / "NEW.FIL"));
+    auto list = LoadNamesFile(d.path() / "NEW.FIL");
     ASSERT_EQ(list.records.size(), 1u);
     EXPECT_EQ(RecordLine(list.records[0]),
               "Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
-    EXPECT_EQ(d.read("NEW.FIL").substr(d.read("NEW.FIL").size() - 2), "\r\n");
+    EXPECT_TRUE(d.Read("NEW.FIL")->ends_with("\r\n"));
 }
 
 } // namespace

@@ -2,15 +2,22 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <sched.h>
+#include <set>
 #include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "base/TextFile.h"
+#include "birthdata/NamesFile.h"
+#include "birthdata/Record.h"
 
 namespace kal::test {
 
@@ -38,6 +45,29 @@ ScratchAppDir::~ScratchAppDir() {
 void ScratchAppDir::Write(const std::string& name, const std::string& bytes) const {
     std::ofstream out(path_ / name, std::ios::binary | std::ios::trunc);
     out << bytes;
+}
+
+TempFolder::TempFolder() {
+    std::random_device rd;
+    path_ = fs::temp_directory_path() / ("kaltrova-tmp-" + std::to_string(rd()));
+    fs::create_directories(path_);
+}
+
+TempFolder::~TempFolder() {
+    std::error_code ec;
+    fs::permissions(path_, fs::perms::owner_all, fs::perm_options::add, ec);
+    fs::remove_all(path_, ec);
+}
+
+void TempFolder::Write(const std::string& name, const std::string& bytes) const {
+    std::ofstream out(path_ / name, std::ios::binary | std::ios::trunc);
+    out << bytes;
+}
+
+std::optional<std::string> TempFolder::Read(const std::string& name) const {
+    std::ifstream in(path_ / name, std::ios::binary);
+    if (!in) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(in), {});
 }
 
 namespace {
@@ -77,8 +107,67 @@ WriteFault::WriteFault(WriteStep step, int nth, int error) {
     });
 }
 
+WriteFault::WriteFault(int nth, int error) {
+    previous_ = SetWriteFaultHook(
+        [=, seen = 0](WriteStep, const fs::path&) mutable { return ++seen == nth ? error : 0; });
+}
+
 WriteFault::~WriteFault() {
     SetWriteFaultHook(previous_);
+}
+
+std::vector<WriteStep> WriteSteps(const std::function<void()>& write) {
+    std::vector<WriteStep> steps;
+    WriteFaultHook previous = SetWriteFaultHook([&](WriteStep s, const fs::path&) {
+        steps.push_back(s);
+        return 0;
+    });
+    write();
+    SetWriteFaultHook(previous);
+    return steps;
+}
+
+bool CrashAtWriteStep(int nth, const std::function<void()>& write) {
+    constexpr int kCrashed = 86;
+    std::fflush(nullptr);
+    const pid_t child = ::fork();
+    if (child < 0) return false;
+    if (child == 0) {
+        SetWriteFaultHook([nth, seen = 0](WriteStep, const fs::path&) mutable {
+            if (++seen == nth) ::_exit(kCrashed);
+            return 0;
+        });
+        write();
+        ::_exit(0);
+    }
+    // A child that hangs is stopped after half a minute.
+    int status = 0;
+    for (int waited = 0; waited < 3000; ++waited) {
+        const pid_t done = ::waitpid(child, &status, WNOHANG);
+        if (done == child) return WIFEXITED(status) && WEXITSTATUS(status) == kCrashed;
+        if (done < 0) return false;
+        ::usleep(10000);
+    }
+    ::kill(child, SIGKILL);
+    ::waitpid(child, &status, 0);
+    return false;
+}
+
+int LostRecords(const std::string& oldBytes, const fs::path& file) {
+    std::multiset<std::string> now;
+    if (fs::exists(file))
+        for (const auto& r : LoadNamesFile(file).records) now.insert(RecordLine(r));
+    int lost = 0;
+    for (const auto& line : SplitLines(oldBytes)) {
+        auto r = ParseRecordLine(line);
+        if (!r) continue;
+        auto it = now.find(RecordLine(*r));
+        if (it == now.end())
+            ++lost;
+        else
+            now.erase(it);
+    }
+    return lost;
 }
 
 SmallDisk::SmallDisk(size_t bytes) {

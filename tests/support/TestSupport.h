@@ -3,8 +3,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/SafeWrite.h"
 
@@ -30,11 +32,29 @@ class ScratchAppDir {
 // The built program directory.
 std::filesystem::path AppDir();
 
+// An empty folder in the temporary folder, removed on destruction.
+class TempFolder {
+  public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    const std::filesystem::path& path() const { return path_; }
+    void Write(const std::string& name, const std::string& bytes) const;
+    // The bytes of a file in the folder; nothing when it is missing.
+    std::optional<std::string> Read(const std::string& name) const;
+
+  private:
+    std::filesystem::path path_;
+};
+
 // While it lives, every write of the process fails the `nth` time (counting
 // from 1) it reaches `step`, with the system error `error`.
 class WriteFault {
   public:
     WriteFault(WriteStep step, int nth, int error);
+    // The `nth` step of whatever kind fails.
+    WriteFault(int nth, int error);
     ~WriteFault();
     WriteFault(const WriteFault&) = delete;
     WriteFault& operator=(const WriteFault&) = delete;
@@ -42,6 +62,18 @@ class WriteFault {
   private:
     WriteFaultHook previous_;
 };
+
+// The steps an undisturbed run of `write` goes through, in order.
+std::vector<WriteStep> WriteSteps(const std::function<void()>& write);
+
+// Runs `write` in a child process that ends at the start of its `nth` step
+// as a crash or a power cut would: no clean-up, no destructors. True when it
+// ended there (false when it finished, died otherwise or hung).
+bool CrashAtWriteStep(int nth, const std::function<void()>& write);
+
+// The records of a names file's old bytes that the names file `file` no
+// longer holds (all of them when it is gone).
+int LostRecords(const std::string& oldBytes, const std::filesystem::path& file);
 
 // A size-limited tmpfs mounted for this test process only (in a mount
 // namespace of its own, so nothing of it reaches the rest of the machine): a
