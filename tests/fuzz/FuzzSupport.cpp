@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "TestSupport.h"
+#include "chart/Calc.h"
 
 namespace kal::fuzz {
 
@@ -44,6 +45,12 @@ fs::path WriteInput(std::string_view name, const uint8_t* data, size_t size) {
     std::ofstream out(file, std::ios::binary | std::ios::trunc);
     out.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     return file;
+}
+
+void PassingPicks::Calculate(const InputFields& in, std::string_view what) {
+    if (calculated_ >= 2 || !InputChecks(in, 'P').empty()) return;
+    Check(FuzzSession().Calculate(in).calculated, what);
+    ++calculated_;
 }
 
 InputFields ExampleInput() {

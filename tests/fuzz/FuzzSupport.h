@@ -25,6 +25,18 @@ Session& FuzzSession();
 // Writes bytes over a file of Dir() and returns its path.
 std::filesystem::path WriteInput(std::string_view name, const uint8_t* data, size_t size);
 
+// Picks of the entries a reader found (records, places, zones) moved into
+// the example record's fields: those that pass the input checks must
+// calculate, and the first two of an input are calculated with their whole
+// page.
+class PassingPicks {
+  public:
+    void Calculate(const InputFields& in, std::string_view what);
+
+  private:
+    int calculated_ = 0;
+};
+
 // The fields of the shipped example record (12 May 1959, 10:43 A.M., zone 6,
 // 75W23, 39N45).
 InputFields ExampleInput();
