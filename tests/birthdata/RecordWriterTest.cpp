@@ -133,6 +133,12 @@ TEST(SaveRecord, LinesThatAreNotRecordsSurviveTheCopy) {
     EXPECT_EQ(d.Read("X.FIL"), "A,12 May 1959,10.43,A,6,75.23,39.45,\r\nbroken line\r\n"
                                "Mary Smith,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org\r\n");
     EXPECT_EQ(BackupPath(d.path() / "X.FIL"), d.path() / "X.OLD");
+
+    // A names file named like a backup is its own backup name: it takes the
+    // record and is not lost to a backup of itself.
+    d.Write("Y.OLD", "A,12 May 1959,10.43,A,6,75.23,39.45,\r\n");
+    ASSERT_TRUE(SaveInputRecord(Mary(), 0, d.path(), d.path() / "Y.OLD", nullptr).saved);
+    EXPECT_EQ(LoadNamesFile(d.path() / "Y.OLD").records.size(), 2u);
 }
 
 TEST(SaveRecord, AWindows1252FileKeepsItsBytes) {
