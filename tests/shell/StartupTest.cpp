@@ -2,8 +2,6 @@
 // clock, the program directory and the options editor's saved bytes.
 #include <gtest/gtest.h>
 
-#include <cerrno>
-
 #include "TestSupport.h"
 #include "base/TextFile.h"
 #include "shell/EditorFile.h"
@@ -177,30 +175,8 @@ TEST(ProgramDirectory, FirstStartOnADiskThatFillsIsToldAndRepairedNextTime) {
     const fs::path orbs = FindFile(shipped.path(), "Dravik_Natal_Orbs.ORB");
     size_t missing = 0;
 
-    // A write hook: the disk is full from the fifth file on.
-    {
-        test::ScratchAppDir home;
-        const fs::path xdg = home.path() / "xdg";
-        ProgramDirectory first;
-        {
-            test::WriteFault full(WriteStep::Write, 5, ENOSPC);
-            first = ResolveAppPath(shipped.path(), xdg.c_str(), nullptr, readOnly).value();
-        }
-        ASSERT_FALSE(first.messages.empty());
-        EXPECT_NE(first.messages[0].text.find("could not be copied into " +
-                                              (xdg / "kaltrova").string() +
-                                              " (the disk is full). It is copied again at the "
-                                              "next start."),
-                  std::string::npos);
-        ExpectWholeOrMissing(shipped.path(), xdg / "kaltrova", missing);
-        EXPECT_GT(missing, 0u);
-        auto second = ResolveAppPath(shipped.path(), xdg.c_str(), nullptr, readOnly);
-        EXPECT_TRUE(second->messages.empty());
-        ExpectWholeOrMissing(shipped.path(), xdg / "kaltrova", missing);
-        EXPECT_EQ(missing, 0u);
-    }
-
-    // A real disk.
+    // A real disk that fills (the write hook's faults at every step are in
+    // WriteFaultsTest).
     test::SmallDisk disk(512 * 1024);
     if (!disk.mounted()) GTEST_SKIP() << "no small disk to fill on this machine: " << disk.whyNot();
     auto first = ResolveAppPath(shipped.path(), disk.path().c_str(), nullptr, readOnly);
