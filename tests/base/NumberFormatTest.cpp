@@ -272,36 +272,14 @@ struct Differences {
 
 TEST(NumberFormat, SameTextAsTheCLibraryFormatter) {
     // Values that once took the careful path or sit exactly on its edges.
-    std::vector<double> edges = {0.0,
-                                 -0.0,
-                                 0.5,
-                                 -0.5,
-                                 1.5,
-                                 2.5,
-                                 2.4999999999999996,
-                                 0.49999999999999994,
-                                 59.999999999999993,
-                                 59.5,
-                                 2.675,
-                                 1.005,
-                                 0.125,
-                                 99.96,
-                                 -0.001,
-                                 9.999999,
-                                 999999.5,
-                                 9999999.5,
-                                 2147483647.5,
-                                 2147483648.0,
-                                 9007199254740993.0,
-                                 1e15,
-                                 1e16,
-                                 1e17,
-                                 DBL_MAX,
-                                 DBL_MIN,
-                                 DBL_TRUE_MIN,
-                                 INFINITY,
-                                 -INFINITY,
-                                 std::nan("")};
+    std::vector<double> edges;
+    const char* edgeText =
+        "0 -0 0.5 -0.5 1.5 2.5 2.675 1.005 0.125 99.96 -0.001 2.4999999999999996 "
+        "0.49999999999999994 59.999999999999993 59.5 9.999999 999999.5 9999999.5 2147483647.5 "
+        "2147483648 9007199254740993 1e15 1e16 1e17 inf -inf nan 1.7976931348623157e308 "
+        "2.2250738585072014e-308 4.9406564584124654e-324";
+    for (char* end = nullptr; *edgeText; edgeText = end)
+        edges.push_back(std::strtod(edgeText, &end));
     Differences diff;
     auto compare = [&](double v, const char* pattern, Precision p) {
         diff.Check(FormatNumber(v, pattern, p), reference::Format(v, pattern, p),
