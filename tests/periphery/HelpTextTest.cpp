@@ -2,11 +2,12 @@
 #include <gtest/gtest.h>
 
 #include "TestSupport.h"
+#include "base/Passages.h"
 #include "periphery/HelpText.h"
 
 using namespace kal;
 
-TEST(HelpTextPage, CopiesLinesUnchangedAndEndsWithABlankLine) {
+TEST(HelpTextPage, CopiesLinesUnchangedOrReportsAMissingFile) {
     test::ScratchAppDir dir;
     dir.Write("OUTPUTD1.HLP", "Data window\r\n   indented line\r\n\r\nlast\r\n");
     OutputBuffer out;
@@ -17,17 +18,8 @@ TEST(HelpTextPage, CopiesLinesUnchangedAndEndsWithABlankLine) {
     EXPECT_EQ(out.PageLines,
               (std::vector<std::string>{"Data window", "   indented line", "", "last", "", ""}));
     EXPECT_EQ(out.AllCount(), 6u);
-}
 
-TEST(HelpTextPage, MissingFileIsReported) {
-    test::ScratchAppDir dir;
-    OutputBuffer out;
-    out.Append("old page");
     Messages m = HelpTextPage(dir.path(), "\\NOSUCH.HLP", out);
-    ASSERT_EQ(m.size(), 1u);
-    EXPECT_EQ(m[0].text,
-              "Cannot find the file called " + (dir.path() / "NOSUCH.HLP").string() + ".");
-    EXPECT_EQ(m[0].caption, "Warning!");
-    EXPECT_EQ(m[0].icon, Icon::Critical);
+    EXPECT_EQ(m, Messages{CannotFindFileMessage(dir.path() / "NOSUCH.HLP")});
     EXPECT_EQ(out.PageCount(), 0u);
 }
