@@ -179,20 +179,5 @@ TEST(PlaceIndex, RefusesFilesThatAreNoAtlasOrDamaged) {
     EXPECT_TRUE(PlaceIndex::FromBytes(bytes).index.has_value());
 }
 
-// What the atlas window hands on for a birth in Munich on 1 August 1944 at
-// 10 A.M.: 48 deg 8 min North, 11 deg 35 min East, summer time (zone -2).
-TEST(AtlasLookup, MunichInSummer1944) {
-    const PlaceIndex& a = Atlas();
-    auto found = a.search("muenchen", 1);
-    ASSERT_EQ(found.size(), 1u);
-    AtlasAnswer answer = LookupPlace(a, found[0].place, {1944, 8, 1, Hour24(10, false), 0});
-    EXPECT_EQ(AtlasLatText(answer.latitudeSeconds), " 48N 8");
-    EXPECT_EQ(AtlasLongText(answer.longitudeSeconds), " 11E 35");
-    ASSERT_EQ(answer.zone.error, "");
-    EXPECT_FLOAT_EQ(
-        AtlasZoneFromKind(answer.zone.first.zone900, answer.zone.first.kindOfTime).hours, -2);
-    EXPECT_EQ(answer.duplicate, 0);
-}
-
 } // namespace
 } // namespace kal
