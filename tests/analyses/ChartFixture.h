@@ -57,12 +57,11 @@ inline std::vector<std::string> Lines(const OutputBuffer& out) {
 // A career orb file: conjunction 6, sextile 4, square, trine and opposition
 // 6, quintile 1.5 and the 165-degree aspect 1.
 inline std::string CareerOrbFile(const std::string& square = "6.0",
-                                 const std::string& opposition = "6.0",
-                                 const std::string& quintile = "1.5") {
+                                 const std::string& opposition = "6.0") {
     return "6.0    conjunct\r\n4.0    sextile\r\n" + square + "    square\r\n6.0    trine\r\n" +
            opposition +
-           "    opposite\r\n1.0    PARALLEL\r\n1.5\r\n1.5\r\n1.5\r\n2.0\r\n1.0\r\n1.0\r\n" +
-           quintile + "    quintile\r\n1.0\r\n1.5\r\n1.0    165 degrees\r\n";
+           "    opposite\r\n1.0    PARALLEL\r\n1.5\r\n1.5\r\n1.5\r\n2.0\r\n1.0\r\n1.0\r\n1.5    "
+           "quintile\r\n1.0\r\n1.5\r\n1.0    165 degrees\r\n";
 }
 
 } // namespace kal::test

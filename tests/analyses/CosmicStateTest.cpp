@@ -73,18 +73,6 @@ TEST(CosmicState, NightChartWithEveryMotionAndPositionCase) {
     EXPECT_EQ(s.HasDignity[Venus], 0);
 }
 
-TEST(CosmicState, DayChartTakesTheDayTriplicity) {
-    // Ascendant 180: the Sun is in the 11th house.
-    OutputBuffer out;
-    const auto s = ListCosmicState(MixedChart(180).Build(), DistinctOptions(), out);
-    const Listing lines = Lines(out);
-    ASSERT_EQ(lines.size(), 15u);
-    const char* trip[] = {"Sun", "Venus", "Venus", "Sun", "Sun", "Mars", "Mars"};
-    for (size_t i = 0; i < 7; ++i) EXPECT_EQ(Trim(lines[3 + i].substr(32, 10)), trip[i]) << i;
-    EXPECT_EQ(s.Strength[Sun], 8);
-    EXPECT_EQ(s.Strength[Moon], 66);
-}
-
 TEST(CosmicState, ReceptionPassesAndTheirPoints) {
     ChartLayout layout;
     layout.EqualHouses(0);
