@@ -43,14 +43,10 @@ TEST(FillNow, ClockReadingOnBothClockFormats) {
 }
 
 TEST(FillNow, HomePlaceFromOptions) {
+    // Options 18 to 24: zone, longitude, East, latitude, South.
     Options o;
-    o[18] = -1;
-    o[19] = 13;
-    o[20] = 24;
-    o[21] = 1;
-    o[22] = 52;
-    o[23] = 31;
-    o[24] = 0;
+    const float home[] = {-1, 13, 24, 1, 52, 31, 0};
+    for (int k = 0; k < 7; ++k) o[18 + k] = home[k];
     InputFields in;
     FillNow(in, At(2024, 1, 1, 10, 0), 0, o);
     EXPECT_EQ(in.txtTZ, "-1");

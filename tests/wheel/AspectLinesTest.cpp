@@ -18,16 +18,7 @@ namespace {
 // Orbs by aspect number: conjunction 8, sextile 6, square 8, trine 8,
 // opposition 3, quincunx 3, quintile 2, 165 degrees 1.
 OrbTable Orbs(float opposition = 3) {
-    OrbTable t{};
-    t[1] = 8;
-    t[2] = 6;
-    t[3] = 8;
-    t[4] = 8;
-    t[5] = opposition;
-    t[10] = 3;
-    t[13] = 2;
-    t[16] = 1;
-    return t;
+    return {0, 8, 6, 8, 8, opposition, 0, 0, 0, 0, 3, 0, 0, 2, 0, 0, 1};
 }
 } // namespace
 

@@ -10,94 +10,72 @@ using namespace kal;
 
 namespace {
 
-SteppedRecord At(int year, int month, int day, float hour, float minute, bool pm) {
+struct Moment {
+    int year, month, day;
+    float hour, minute;
+    bool pm;
+};
+
+SteppedRecord At(const Moment& m) {
     SteppedRecord r;
-    r.UpdYear = static_cast<short>(year);
-    r.UpdMonth = static_cast<short>(month);
-    r.UpdDay = static_cast<short>(day);
-    r.UpdHour = hour;
-    r.UpdMinute = minute;
-    r.UpdPM = pm ? 1 : 0;
+    r.UpdYear = static_cast<short>(m.year);
+    r.UpdMonth = static_cast<short>(m.month);
+    r.UpdDay = static_cast<short>(m.day);
+    r.UpdHour = m.hour;
+    r.UpdMinute = m.minute;
+    r.UpdPM = m.pm ? 1 : 0;
     return r;
 }
 
-auto Moment(const SteppedRecord& r) {
+auto Tuple(const SteppedRecord& r) {
     return std::make_tuple(r.UpdYear, r.UpdMonth, r.UpdDay, r.UpdHour, r.UpdMinute, r.UpdPM);
-}
-
-SteppedRecord Stepped(SteppedRecord r, TimeStep s) {
-    StepTime(r, s);
-    return r;
 }
 
 } // namespace
 
-TEST(TimeSteps, MinutesCarryThroughTheClockAndTheCalendar) {
-    // 11:59 P.M. on 31 December and a minute: 12:00 A.M. on 1 January.
-    EXPECT_EQ(Moment(Stepped(At(1999, 12, 31, 11, 59, true), TimeStep::AddMinute)),
-              Moment(At(2000, 1, 1, 12, 0, false)));
-    EXPECT_EQ(Moment(Stepped(At(2000, 1, 1, 12, 0, false), TimeStep::SubMinute)),
-              Moment(At(1999, 12, 31, 11, 59, true)));
-    // 11:59 A.M. and a minute: noon, P.M., the same day.
-    EXPECT_EQ(Moment(Stepped(At(2001, 6, 5, 11, 59, false), TimeStep::AddMinute)),
-              Moment(At(2001, 6, 5, 12, 0, true)));
-    EXPECT_EQ(Moment(Stepped(At(2001, 6, 5, 3, 30, true), TimeStep::AddMinute)),
-              Moment(At(2001, 6, 5, 3, 31, true)));
-}
-
-TEST(TimeSteps, HoursAcrossTwelve) {
-    // 12:30 A.M. minus an hour: 11:30 P.M. of the day before.
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 12, 30, false), TimeStep::SubHour)),
-              Moment(At(2001, 2, 28, 11, 30, true)));
-    // 12:30 P.M. minus an hour: 11:30 A.M. of the same day.
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 12, 30, true), TimeStep::SubHour)),
-              Moment(At(2001, 3, 1, 11, 30, false)));
-    // 1 P.M. minus an hour is noon; 12 P.M. plus an hour is 1 P.M.
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 1, 0, true), TimeStep::SubHour)),
-              Moment(At(2001, 3, 1, 12, 0, true)));
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 12, 0, true), TimeStep::AddHour)),
-              Moment(At(2001, 3, 1, 1, 0, true)));
-    // 11:15 P.M. plus an hour: 12:15 A.M. of the next day.
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 11, 15, true), TimeStep::AddHour)),
-              Moment(At(2001, 3, 2, 12, 15, false)));
-    // A fractional hour keeps its fraction.
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 12.5f, 0, false), TimeStep::SubHour)),
-              Moment(At(2001, 2, 28, 11.5f, 0, true)));
-}
-
-TEST(TimeSteps, DaysAndTheFebruaryOfEveryFourthYear) {
-    EXPECT_EQ(Moment(Stepped(At(1996, 2, 28, 9, 0, false), TimeStep::AddDay)),
-              Moment(At(1996, 2, 29, 9, 0, false)));
-    // No century rule: 1900 has a 29 February too.
-    EXPECT_EQ(Moment(Stepped(At(1900, 2, 28, 9, 0, false), TimeStep::AddDay)),
-              Moment(At(1900, 2, 29, 9, 0, false)));
-    EXPECT_EQ(Moment(Stepped(At(1900, 2, 29, 9, 0, false), TimeStep::AddDay)),
-              Moment(At(1900, 3, 1, 9, 0, false)));
-    EXPECT_EQ(Moment(Stepped(At(2001, 3, 1, 9, 0, false), TimeStep::SubDay)),
-              Moment(At(2001, 2, 28, 9, 0, false)));
-    EXPECT_EQ(Moment(Stepped(At(2000, 1, 1, 9, 0, false), TimeStep::SubDay)),
-              Moment(At(1999, 12, 31, 9, 0, false)));
-    EXPECT_EQ(Moment(Stepped(At(1999, 4, 30, 9, 0, false), TimeStep::AddDay)),
-              Moment(At(1999, 5, 1, 9, 0, false)));
+TEST(TimeSteps, CarryThroughTheClockAndTheCalendar) {
+    const bool AM = false, PM = true;
+    const struct {
+        Moment from;
+        TimeStep step;
+        Moment to;
+    } rows[] = {
+        // Minutes: across midnight and the year, across noon, and plain.
+        {{1999, 12, 31, 11, 59, PM}, TimeStep::AddMinute, {2000, 1, 1, 12, 0, AM}},
+        {{2000, 1, 1, 12, 0, AM}, TimeStep::SubMinute, {1999, 12, 31, 11, 59, PM}},
+        {{2001, 6, 5, 11, 59, AM}, TimeStep::AddMinute, {2001, 6, 5, 12, 0, PM}},
+        {{2001, 6, 5, 3, 30, PM}, TimeStep::AddMinute, {2001, 6, 5, 3, 31, PM}},
+        // Hours across twelve: 12:30 A.M. back to the day before, 12:30 P.M.
+        // to the same morning, 1 P.M. back to noon, noon on to 1 P.M.
+        {{2001, 3, 1, 12, 30, AM}, TimeStep::SubHour, {2001, 2, 28, 11, 30, PM}},
+        {{2001, 3, 1, 12, 30, PM}, TimeStep::SubHour, {2001, 3, 1, 11, 30, AM}},
+        {{2001, 3, 1, 1, 0, PM}, TimeStep::SubHour, {2001, 3, 1, 12, 0, PM}},
+        {{2001, 3, 1, 12, 0, PM}, TimeStep::AddHour, {2001, 3, 1, 1, 0, PM}},
+        {{2001, 3, 1, 11, 15, PM}, TimeStep::AddHour, {2001, 3, 2, 12, 15, AM}},
+        // A fractional hour keeps its fraction.
+        {{2001, 3, 1, 12.5f, 0, AM}, TimeStep::SubHour, {2001, 2, 28, 11.5f, 0, PM}},
+        // Days: every fourth year has 29 February, 1900 too (no century rule).
+        {{1996, 2, 28, 9, 0, AM}, TimeStep::AddDay, {1996, 2, 29, 9, 0, AM}},
+        {{1900, 2, 28, 9, 0, AM}, TimeStep::AddDay, {1900, 2, 29, 9, 0, AM}},
+        {{1900, 2, 29, 9, 0, AM}, TimeStep::AddDay, {1900, 3, 1, 9, 0, AM}},
+        {{2001, 3, 1, 9, 0, AM}, TimeStep::SubDay, {2001, 2, 28, 9, 0, AM}},
+        {{2000, 1, 1, 9, 0, AM}, TimeStep::SubDay, {1999, 12, 31, 9, 0, AM}},
+        {{1999, 4, 30, 9, 0, AM}, TimeStep::AddDay, {1999, 5, 1, 9, 0, AM}},
+    };
+    for (const auto& r : rows) {
+        SteppedRecord s = At(r.from);
+        StepTime(s, r.step);
+        EXPECT_EQ(Tuple(s), Tuple(At(r.to)))
+            << r.from.year << "-" << r.from.month << "-" << r.from.day << " " << r.from.hour << ":"
+            << r.from.minute << " step " << static_cast<int>(r.step);
+    }
 }
 
 TEST(TimeSteps, FirstMomentFromTheInputFields) {
-    InputFields in;
-    in.txtMonth = "12";
-    in.txtDay = "31";
-    in.txtYear = "1999";
-    in.txtBirthHour = "11";
-    in.txtBirthMinute = "59";
-    in.txtTZ = "-5.5";
-    in.txtLongDeg = "77";
-    in.txtLongMin = "12";
-    in.txtLatDeg = "28";
-    in.txtLatMin = "36";
-    in.optAM = false;
-    in.optEast = true;
-    in.optSouth = true;
-    SteppedRecord r = SteppedFromInput(in);
-    EXPECT_EQ(Moment(r), Moment(At(1999, 12, 31, 11, 59, true)));
+    // 31 December 1999, 11:59 P.M., zone -5.5, 77 East 12, 28 South 36.
+    SteppedRecord r = SteppedFromInput({"", "12", "31", "1999", "11", "59", "-5.5", "77", "12",
+                                        "28", "36", "", false, true, true});
+    EXPECT_EQ(Tuple(r), Tuple(At({1999, 12, 31, 11, 59, true})));
     EXPECT_FLOAT_EQ(r.UpdTZ, -5.5f);
     EXPECT_EQ(std::make_tuple(r.UpdLongDeg, r.UpdLongMin, r.UpdLatDeg, r.UpdLatMin, r.UpdWest,
                               r.UpdSouth),
