@@ -310,14 +310,3 @@ TEST_F(CareerRules, SunMoonMidpointSinglePrecisionBounds) {
     EXPECT_EQ(Run(&kal::CareerRules::JupPlutoMidpointRule),
               (Listing{"  Venus is configured with the Jupiter/Pluto midpoint.", ""}));
 }
-
-TEST_F(CareerRules, MissingOrbFileRefusesTheListingBeforeWritingAnything) {
-    std::filesystem::remove(dir.path() / "Dravik_Natal_Orbs.ORB");
-    layout.EqualHouses(0);
-    kal::OutputBuffer out;
-    focus = kal::Mars;
-    const auto refused = kal::ListCareerFactors(layout.Build(), dir.path(), orbs, focus, out);
-    EXPECT_EQ(refused, kal::Messages{kal::OrbFileMissing(dir.path() / "Dravik_Natal_Orbs.ORB")});
-    EXPECT_EQ(out.AllCount(), 0u);
-    EXPECT_EQ(focus, kal::Mars);
-}
