@@ -4,7 +4,6 @@
 
 #include <fstream>
 #include <iterator>
-#include <set>
 
 #include "atlas/AtlasLookup.h"
 #include "atlas/PlaceIndex.h"
@@ -124,23 +123,6 @@ TEST(PlaceIndex, QualifiersNameCountryOrRegion) {
             }
         }
     }
-}
-
-TEST(PlaceIndex, SharedNamesAreDuplicates) {
-    const PlaceIndex& a = Atlas();
-    auto found = a.search("Springfield", 100);
-    std::set<std::string> states;
-    for (const auto& m : found) {
-        if (m.kind != MatchKind::Exact || m.slot >= 2) break;
-        AtlasPlace p = a.place(m.place);
-        EXPECT_EQ(p.name, "Springfield");
-        EXPECT_GE(DuplicateIndicator(p.sameName), 1000);
-        states.insert(std::string(p.region));
-    }
-    EXPECT_GE(states.size(), 10u);
-    auto unique = a.search("Kaltenkirchen", 1);
-    ASSERT_EQ(unique.size(), 1u);
-    EXPECT_EQ(DuplicateIndicator(a.place(unique[0].place).sameName), 0);
 }
 
 // Every place must be found by its own name: the program folds what is
