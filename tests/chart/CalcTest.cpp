@@ -10,9 +10,10 @@ using namespace kal;
 
 namespace {
 
-// Name, month, day, year, hour, minute, zone, longitude and latitude.
+// Name, date, 10:43 A.M., zone, 75 West 23, 39 North 45, no e-mail.
 InputFields Valid() {
-    return {"Test", "5", "12", "1959", "10", "43", "6", "75", "23", "39", "45"};
+    return {"Test", "5",  "12", "1959", "10", "43",  "6",  "75",
+            "23",   "39", "45", "",     true, false, false};
 }
 
 const std::string kInputMsg = "Error in natal input data section. Please correct.";
