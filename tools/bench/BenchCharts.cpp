@@ -190,7 +190,7 @@ int Main(int argc, char** argv, const std::function<void()>& registerFigures,
         const std::size_t n = std::strtoul(argv[2], nullptr, 10);
         std::string text;
         for (const auto& line : RandomRecordLines(n, kNamesSeed)) text += line + "\r\n";
-        if (n == 0 || !WriteFileBytes(argv[3], text)) {
+        if (n == 0 || !ReplaceFile(argv[3], text)) {
             std::cerr << "usage: " << argv[0] << " --names N FILE (N random records)\n";
             return 64;
         }

@@ -164,7 +164,7 @@ void BM_Process_BatchPage(benchmark::State& state) {
         std::string text;
         for (const auto& line : bench::RandomRecordLines(records, bench::kNamesSeed))
             text += line + "\r\n";
-        WriteFileBytes(path, text);
+        (void)ReplaceFile(path, text);
         return path.string();
     }();
     std::vector<std::string> args = {KALTROVA_CLI, "--dir",   KALTROVA_APPDIR,
