@@ -36,20 +36,30 @@ Position BodyPosition(double L) {
 }
 
 namespace {
+// A whole number in at least two digits, as the pattern "00" gives it.
+void AppendTwoDigits(std::string& out, int n) {
+    if (n < 0 || n > 99) {
+        AppendNumber(out, n, "00");
+        return;
+    }
+    const char digits[2] = {static_cast<char>('0' + n / 10), static_cast<char>('0' + n % 10)};
+    out.append(digits, 2);
+}
+
 // deg, sign abbreviation and minutes: "05 Ari 23".
 void AppendDegSignMin(std::string& out, const Position& p) {
-    AppendNumber(out, p.deg, "00");
+    AppendTwoDigits(out, p.deg);
     out += ' ';
     out += SignAbbrOf(p.sign);
     out += ' ';
-    AppendNumber(out, p.min, "00");
+    AppendTwoDigits(out, p.min);
 }
 
 void AppendBodyText(std::string& out, double L) {
     const Position p = BodyPosition(L);
     AppendDegSignMin(out, p);
     out += "m ";
-    AppendNumber(out, p.sec, "00");
+    AppendTwoDigits(out, p.sec);
     out += 's';
 }
 } // namespace

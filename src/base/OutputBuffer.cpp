@@ -19,18 +19,24 @@ void NextLine(std::vector<std::string>& lines, std::vector<std::string>& emptied
     } else {
         lines.push_back(std::move(emptied.back()));
         emptied.pop_back();
+        lines.back().clear();
     }
 }
 
-// Empties `lines` to their one spare element; the lines are kept, emptied,
-// for the appends that follow (as many as a few pages need: a long
-// session's lines are let go).
+// Empties `lines` to their one spare element; the lines are kept for the
+// appends that follow (as many as a few pages need: a long session's lines
+// are let go) and emptied as they are taken again.
 void ClearLines(std::vector<std::string>& lines, std::vector<std::string>& emptied) {
     constexpr size_t kKept = 2048;
-    for (size_t i = 1; i < lines.size() && emptied.size() < kKept; ++i) {
-        lines[i].clear();
-        emptied.push_back(std::move(lines[i]));
+    if (emptied.empty() && lines.size() > 1) {
+        // The whole list becomes the spares, in one move.
+        emptied.swap(lines);
+        if (emptied.size() > kKept) emptied.resize(kKept);
+        lines.emplace_back();
+        return;
     }
+    for (size_t i = 1; i < lines.size() && emptied.size() < kKept; ++i)
+        emptied.push_back(std::move(lines[i]));
     lines.resize(1);
     lines.front().clear();
 }

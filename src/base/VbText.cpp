@@ -247,6 +247,24 @@ double Val(std::string_view t) {
             break;
     }
     if (!digits) return 0.0;
+    // Up to 15 digits make an exact whole number, and dividing it by an
+    // exact power of ten rounds once: the same double the full reader gives.
+    if (i - start <= 16) {
+        std::uint64_t m = 0;
+        int places = 0, count = 0;
+        for (size_t k = start; k < i; ++k) {
+            if (t[k] == '.') {
+                places = static_cast<int>(i - k - 1);
+                continue;
+            }
+            m = m * 10 + static_cast<std::uint64_t>(t[k] - '0');
+            ++count;
+        }
+        if (count <= 15) {
+            const double v = static_cast<double>(m) / kPow10[places];
+            return negative ? -v : v;
+        }
+    }
     double v = 0;
     if (std::from_chars(t.data() + start, t.data() + i, v, std::chars_format::fixed).ec ==
         std::errc::result_out_of_range)

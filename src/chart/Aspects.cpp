@@ -1,6 +1,10 @@
 #include "chart/Aspects.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <optional>
+#include <vector>
 
 #include "base/Options.h"
 #include "base/TextFile.h"
@@ -73,8 +77,10 @@ std::optional<FileStamp> Locate(const std::filesystem::path& folder, const char*
         cache.exact = folder / name;
     }
     if (auto s = StampFile(cache.exact)) {
-        if (cache.file.native() != cache.exact.native()) cache.stamp.reset();
-        cache.file = cache.exact;
+        if (cache.file.native() != cache.exact.native()) {
+            cache.stamp.reset();
+            cache.file = cache.exact;
+        }
         return s;
     }
     if (!cache.file.empty() && cache.file.native() != cache.exact.native())
@@ -190,6 +196,56 @@ AspectHit FindAspect(double a, double b, const AspectBounds& bounds) {
     return hit;
 }
 
+// The aspect of every whole degree of separation under one orb table, so
+// that a pair costs one look-up: the separations from d up to d + 1 share
+// one answer unless a bound of some test falls among them; only those
+// degrees run the tests.
+class AspectFinder {
+  public:
+    explicit AspectFinder(const OrbTable& orbs) : orbs_(orbs), bounds_(orbs) {
+        std::vector<float> edges(bounds_.lo.begin(), bounds_.lo.end());
+        edges.insert(edges.end(), bounds_.hi.begin(), bounds_.hi.end());
+        edges.insert(edges.end(), {bounds_.lo165, bounds_.hi165, bounds_.conjunct});
+        for (size_t d = 0; d < degree_.size(); ++d) {
+            const auto low = static_cast<float>(d);
+            const bool split = std::any_of(edges.begin(), edges.end(), [&](float e) {
+                return low <= e && e <= low + 1; // never true for a NaN bound
+            });
+            degree_[d] = split ? kSplit
+                               : static_cast<signed char>(FindAspect(low + 0.5, 0, bounds_).code);
+        }
+    }
+    const OrbTable& Orbs() const { return orbs_; }
+
+    AspectHit Find(double a, double b) const {
+        const double sep = Separation(a, b);
+        const float f = static_cast<float>(sep);
+        if (!(f >= 0 && f < static_cast<float>(degree_.size()))) return FindAspect(a, b, bounds_);
+        const signed char code = degree_[static_cast<size_t>(f)];
+        if (code == kSplit) return FindAspect(a, b, bounds_);
+        AspectHit hit;
+        hit.sep = sep;
+        hit.code = code;
+        if (code != 1) hit.dev = sep - AspectAngle[static_cast<size_t>(code)];
+        return hit;
+    }
+
+  private:
+    static constexpr signed char kSplit = -1;
+    OrbTable orbs_;
+    AspectBounds bounds_;
+    std::array<signed char, 180> degree_{}; // 0 up to 180 degrees, 180 itself tested
+};
+
+// The finder of the orb table last asked for on this thread, made again
+// when the table differs.
+const AspectFinder& FinderFor(const OrbTable& orbs) {
+    thread_local std::optional<AspectFinder> finder;
+    if (!finder || std::memcmp(finder->Orbs().data(), orbs.data(), sizeof orbs) != 0)
+        finder.emplace(orbs);
+    return *finder;
+}
+
 } // namespace
 
 AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
@@ -252,7 +308,7 @@ Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, 
         P[static_cast<size_t>(pos)] =
             c.NatalLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
 
-    const AspectBounds bounds(orbs.NatalOrbs);
+    const AspectFinder& finder = FinderFor(orbs.NatalOrbs);
     std::string detail;
     detail.reserve(2048);
     detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
@@ -269,7 +325,7 @@ Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, 
         line += r == 11 ? std::string_view("N.N") : std::string_view(key).substr(0, 3);
         line += "  ";
         for (int k = 13; k >= r + 1; --k) {
-            AspectHit h = FindAspect(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)], bounds);
+            AspectHit h = finder.Find(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)]);
             if (h.code == 1) {
                 line += "---  ";
                 continue;
