@@ -28,17 +28,15 @@ void NextLine(std::vector<std::string>& lines, std::vector<std::string>& emptied
 // are let go) and emptied as they are taken again.
 void ClearLines(std::vector<std::string>& lines, std::vector<std::string>& emptied) {
     constexpr size_t kKept = 2048;
-    if (emptied.empty() && lines.size() > 1) {
-        // The whole list becomes the spares, in one move.
-        emptied.swap(lines);
-        if (emptied.size() > kKept) emptied.resize(kKept);
-        lines.emplace_back();
-        return;
+    // The larger set changes places in one move; the smaller one joins it.
+    if (emptied.size() < lines.size()) emptied.swap(lines);
+    for (auto& l : lines) {
+        if (emptied.size() >= kKept) break;
+        emptied.push_back(std::move(l));
     }
-    for (size_t i = 1; i < lines.size() && emptied.size() < kKept; ++i)
-        emptied.push_back(std::move(lines[i]));
-    lines.resize(1);
-    lines.front().clear();
+    if (emptied.size() > kKept) emptied.resize(kKept);
+    lines.clear();
+    lines.emplace_back();
 }
 
 } // namespace

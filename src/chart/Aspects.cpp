@@ -196,23 +196,25 @@ AspectHit FindAspect(double a, double b, const AspectBounds& bounds) {
     return hit;
 }
 
-// The aspect of every whole degree of separation under one orb table, so
-// that a pair costs one look-up: the separations from d up to d + 1 share
-// one answer unless a bound of some test falls among them; only those
-// degrees run the tests.
+// The aspect of every eighth of a degree of separation under one orb table,
+// so that a pair costs one look-up: the separations of one eighth share one
+// answer unless a bound of some test falls among them; only those eighths
+// run the tests.
 class AspectFinder {
   public:
     explicit AspectFinder(const OrbTable& orbs) : orbs_(orbs), bounds_(orbs) {
         std::vector<float> edges(bounds_.lo.begin(), bounds_.lo.end());
         edges.insert(edges.end(), bounds_.hi.begin(), bounds_.hi.end());
         edges.insert(edges.end(), {bounds_.lo165, bounds_.hi165, bounds_.conjunct});
-        for (size_t d = 0; d < degree_.size(); ++d) {
-            const auto low = static_cast<float>(d);
+        for (size_t d = 0; d < part_.size(); ++d) {
+            const float low = static_cast<float>(d) / kParts;
+            const float high = static_cast<float>(d + 1) / kParts;
             const bool split = std::any_of(edges.begin(), edges.end(), [&](float e) {
-                return low <= e && e <= low + 1; // never true for a NaN bound
+                return low <= e && e <= high; // never true for a NaN bound
             });
-            degree_[d] = split ? kSplit
-                               : static_cast<signed char>(FindAspect(low + 0.5, 0, bounds_).code);
+            part_[d] = split ? kSplit
+                             : static_cast<signed char>(
+                                   FindAspect((d + 0.5) / kParts, 0, bounds_).code);
         }
     }
     const OrbTable& Orbs() const { return orbs_; }
@@ -220,8 +222,8 @@ class AspectFinder {
     AspectHit Find(double a, double b) const {
         const double sep = Separation(a, b);
         const float f = static_cast<float>(sep);
-        if (!(f >= 0 && f < static_cast<float>(degree_.size()))) return FindAspect(a, b, bounds_);
-        const signed char code = degree_[static_cast<size_t>(f)];
+        if (!(f >= 0 && f < 180.0f)) return FindAspect(a, b, bounds_);
+        const signed char code = part_[static_cast<size_t>(f * kParts)]; // exact: a power of 2
         if (code == kSplit) return FindAspect(a, b, bounds_);
         AspectHit hit;
         hit.sep = sep;
@@ -232,9 +234,10 @@ class AspectFinder {
 
   private:
     static constexpr signed char kSplit = -1;
+    static constexpr int kParts = 8; // eighths of a degree
     OrbTable orbs_;
     AspectBounds bounds_;
-    std::array<signed char, 180> degree_{}; // 0 up to 180 degrees, 180 itself tested
+    std::array<signed char, 180 * kParts> part_{}; // 0 up to 180 degrees, 180 itself tested
 };
 
 // The finder of the orb table last asked for on this thread, made again
@@ -254,8 +257,9 @@ AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
 
 namespace {
 
-// A whole number below 1000 right-aligned in `width` (at least its digits).
-void AppendSmallWhole(std::string& out, unsigned n, size_t width) {
+// A whole number below 1000 right-aligned in `width` (at least its digits),
+// written at `at`; returns the end.
+char* PutSmallWhole(char* at, unsigned n, size_t width) {
     char cell[8];
     char* const end = cell + sizeof cell;
     char* b = end;
@@ -264,15 +268,16 @@ void AppendSmallWhole(std::string& out, unsigned n, size_t width) {
         n /= 10;
     } while (n != 0 && b > cell);
     while (static_cast<size_t>(end - b) < width && b > cell) *--b = ' ';
-    out.append(b, end);
+    return std::copy(b, end, at);
 }
 
 // Whole degrees (v is 0 to 180) right-aligned in `width`, then "d ", the
-// minutes (rounded) and "m".
-void AppendDegreesMinutes(std::string& out, double v, size_t width) {
+// minutes (rounded) and "m", written at `at`; returns the end.
+char* PutDegreesMinutes(char* at, double v, size_t width) {
     const double whole = std::floor(v);
-    AppendSmallWhole(out, static_cast<unsigned>(whole), width);
-    out += "d ";
+    at = PutSmallWhole(at, static_cast<unsigned>(whole), width);
+    *at++ = 'd';
+    *at++ = ' ';
     // The minutes, 0 to 60, rounded half away from zero in two digits. Away
     // from a half, rounding to the formatter's 15 digits first cannot carry
     // the value across it, so the whole minute is plain; near a half the
@@ -282,18 +287,22 @@ void AppendDegreesMinutes(std::string& out, double v, size_t width) {
     const double f = minutes - m;
     if (std::fabs(f - 0.5) > 1e-9) {
         const unsigned n = static_cast<unsigned>(m) + (f > 0.5 ? 1 : 0);
-        out += static_cast<char>('0' + n / 10);
-        out += static_cast<char>('0' + n % 10);
+        *at++ = static_cast<char>('0' + n / 10);
+        *at++ = static_cast<char>('0' + n % 10);
     } else {
-        AppendNumber(out, minutes, "00");
+        std::string mm;
+        AppendNumber(mm, minutes, "00");
+        at = std::copy(mm.begin(), mm.end(), at);
     }
-    out += 'm';
+    *at++ = 'm';
+    return at;
 }
 
-// The exact angle right-aligned in three characters, then two blanks.
-void AppendAngleCell(std::string& out, int angle) {
-    AppendSmallWhole(out, static_cast<unsigned>(angle), 3);
-    out += "  ";
+// `text` left-aligned in `n` places (whole when longer), written at `at`;
+// returns the end.
+char* PutPadded(char* at, std::string_view text, size_t n) {
+    at = std::copy(text.begin(), text.end(), at);
+    return text.size() < n ? std::fill_n(at, n - text.size(), ' ') : at;
 }
 
 } // namespace
@@ -319,29 +328,42 @@ Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, 
 
     for (int r = 1; r <= 12; ++r) {
         const std::string& key = PlanetKey[static_cast<size_t>(r)];
-        std::string line;
-        line.reserve(72);
-        line += "  ";
-        line += r == 11 ? std::string_view("N.N") : std::string_view(key).substr(0, 3);
-        line += "  ";
+        // Each cell five characters: the exact angle right-aligned in three
+        // and two blanks, or "---  " when there is no aspect.
+        char line[80];
+        char* at = line;
+        *at++ = ' ';
+        *at++ = ' ';
+        const std::string_view label =
+            r == 11 ? std::string_view("N.N") : std::string_view(key).substr(0, 3);
+        at = std::copy(label.begin(), label.end(), at);
+        *at++ = ' ';
+        *at++ = ' ';
         for (int k = 13; k >= r + 1; --k) {
             AspectHit h = finder.Find(P[static_cast<size_t>(r)], P[static_cast<size_t>(k)]);
             if (h.code == 1) {
-                line += "---  ";
+                at = std::copy_n("---  ", 5, at);
                 continue;
             }
-            AppendAngleCell(line, AspectAngle[static_cast<size_t>(h.code)]);
+            at = PutSmallWhole(at, static_cast<unsigned>(AspectAngle[static_cast<size_t>(h.code)]),
+                               3);
+            *at++ = ' ';
+            *at++ = ' ';
             found[static_cast<size_t>(h.code)][static_cast<size_t>(k)][static_cast<size_t>(r)] = 1;
             if (r == 12) continue;
-            detail += "  ";
-            AppendLeft(detail, key, 11);
-            AppendLeft(detail, PlanetKey[static_cast<size_t>(k)], 11);
-            AppendDegreesMinutes(detail, h.sep, 3);
-            detail += "       ";
-            AppendDegreesMinutes(detail, std::fabs(h.dev), 4);
-            detail += "\r\n";
+            // The table's keys are short: the line fits.
+            char entry[96];
+            char* n = std::copy_n("  ", 2, entry);
+            n = PutPadded(n, key, 11);
+            n = PutPadded(n, PlanetKey[static_cast<size_t>(k)], 11);
+            n = PutDegreesMinutes(n, h.sep, 3);
+            n = std::copy_n("       ", 7, n);
+            n = PutDegreesMinutes(n, std::fabs(h.dev), 4);
+            *n++ = '\r';
+            *n++ = '\n';
+            detail.append(entry, n);
         }
-        out.Append(std::move(line));
+        out.AppendJoined(std::string_view(line, static_cast<size_t>(at - line)));
     }
     out.AppendBlankLine();
     out.Append(std::move(detail));
