@@ -14,11 +14,6 @@ bool IndicatesSeveralCareers(int sign) {
     return sign == 3 || sign == 9 || sign == 12;
 }
 
-bool WithinOrb(double sep, float angle, float orb) {
-    const float d = static_cast<float>(sep);
-    return angle - orb <= d && d <= angle + orb;
-}
-
 int MajorAspect(double sep, const OrbTable& orbs) {
     const float d = static_cast<float>(sep);
     if (d <= orbs[1]) return 1;
@@ -29,16 +24,19 @@ int MajorAspect(double sep, const OrbTable& orbs) {
     return 0;
 }
 
-bool MidpointConfigured(double sep) {
-    constexpr float orb = 2.5f;
-    const float d = static_cast<float>(sep);
-    return d <= orb || WithinOrb(sep, 90.0f, orb) || WithinOrb(sep, 165.0f, orb) ||
-           d >= 180.0f - orb;
-}
-
 bool AtAriesPoint(double L) {
     return L <= 1.5 || (L >= 88.5 && L < 91.5) || (L >= 178.5 && L < 181.5) ||
            (L >= 268.5 && L < 271.5) || L >= 358.5;
+}
+
+CareerRules::CareerRules(const Chart& chart, const OrbTable& careerOrbs, short& focusPlanet,
+                         OutputBuffer& out)
+    : FocusPlanet(focusPlanet), c_(chart), orbs_(careerOrbs), out_(out) {
+    for (size_t i = 1; i <= 13; ++i)
+        for (size_t j = i + 1; j <= 13; ++j) {
+            sep_[i][j] = sep_[j][i] = Separation(c_.NatalLong[i], c_.NatalLong[j]);
+            mid_[i][j] = Midpoint(c_.NatalLong[i], c_.NatalLong[j]);
+        }
 }
 
 void CareerRules::Blank() {
@@ -63,9 +61,7 @@ void CareerRules::FocusAspects() {
     bool any = false;
     for (int k = 1; k <= 10; ++k) {
         if (k == f) continue;
-        const int a = MajorAspect(
-            Separation(c_.NatalLong[static_cast<size_t>(f)], c_.NatalLong[static_cast<size_t>(k)]),
-            orbs_);
+        const int a = MajorAspect(Sep(f, k), orbs_);
         if (a == 0) continue;
         Line(PlanetName[static_cast<size_t>(f)], verbs[static_cast<size_t>(a)],
              PlanetName[static_cast<size_t>(k)], ".");
@@ -100,8 +96,7 @@ void CareerRules::FinalDispositors() {
 
 int CareerRules::CareerAspectCode(int a, int b) {
     const OrbTable& o = orbs_;
-    const double sep =
-        Separation(c_.NatalLong[static_cast<size_t>(a)], c_.NatalLong[static_cast<size_t>(b)]);
+    const double sep = Sep(a, b);
     if (static_cast<float>(sep) <= o[1]) return 1;
     if (WithinOrb(sep, 60.0f, o[2])) return 2;
     if (WithinOrb(sep, 72.0f, o[13])) return 13;

@@ -12,6 +12,7 @@
 // Aries Point windows are the one test made in double precision.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -28,13 +29,21 @@ namespace kal {
 bool IndicatesSeveralCareers(int sign);
 
 // The single-precision inclusive test angle - orb <= d <= angle + orb.
-bool WithinOrb(double sep, float angle, float orb);
+inline bool WithinOrb(double sep, float angle, float orb) {
+    const float d = static_cast<float>(sep);
+    return angle - orb <= d && d <= angle + orb;
+}
 // The first major aspect of a separation under the career orbs: 1 conjunct,
 // 2 sextile, 3 square, 4 trine, 5 opposite, 0 none.
 int MajorAspect(double sep, const OrbTable& orbs);
 // A point at this separation from a midpoint is configured with it:
 // conjunct, square, 165 degrees or opposite within 2.5 degrees.
-bool MidpointConfigured(double sep);
+inline bool MidpointConfigured(double sep) {
+    constexpr float orb = 2.5f;
+    const float d = static_cast<float>(sep);
+    return d <= orb || WithinOrb(sep, 90.0f, orb) || WithinOrb(sep, 165.0f, orb) ||
+           d >= 180.0f - orb;
+}
 // Within 1.5 degrees of 0, 90, 180 or 270 (closed about 0 degrees, closed
 // below and open above at the other three).
 bool AtAriesPoint(double longitude);
@@ -45,8 +54,7 @@ bool AtAriesPoint(double longitude);
 class CareerRules {
   public:
     CareerRules(const Chart& chart, const OrbTable& careerOrbs, short& focusPlanet,
-                OutputBuffer& out)
-        : FocusPlanet(focusPlanet), c_(chart), orbs_(careerOrbs), out_(out) {}
+                OutputBuffer& out);
 
     // The body 1..10 whose aspects FocusAspects lists next; kept between
     // listings by the caller.
@@ -120,9 +128,19 @@ class CareerRules {
     // A pair of bodies within 2.5 degrees of an angle.
     void MinorAspectPairs(float angle, std::string_view verb);
 
+    // The separation of natal bodies i and j (1..13), and the midpoint of
+    // i and j for i < j: each taken once for all the rules.
+    double Sep(int i, int j) const {
+        return sep_[static_cast<size_t>(i)][static_cast<size_t>(j)];
+    }
+    double Mid(int i, int j) const {
+        return mid_[static_cast<size_t>(i)][static_cast<size_t>(j)];
+    }
+
     const Chart& c_;
     const OrbTable& orbs_;
     OutputBuffer& out_;
+    std::array<std::array<double, 14>, 14> sep_{}, mid_{};
 };
 
 // The career-factor listing as the command and the calculation page write

@@ -38,8 +38,7 @@ void CareerRules::MinorAspectPairs(float angle, std::string_view verb) {
     bool any = false;
     for (int i = 1; i <= NumBodies - 1; ++i)
         for (int j = i + 1; j <= NumBodies; ++j) {
-            const double d = Separation(c_.NatalLong[static_cast<size_t>(i)],
-                                        c_.NatalLong[static_cast<size_t>(j)]);
+            const double d = Sep(i, j);
             if (!WithinOrb(d, angle, 2.5f)) continue;
             Line(PlanetName[static_cast<size_t>(i)], verb, PlanetName[static_cast<size_t>(j)]);
             any = true;
@@ -60,9 +59,7 @@ void CareerRules::PeregrinePlanets() {
     for (int p = 1; p <= 10; ++p) {
         bool aspected = false;
         for (int q = 1; q <= 10 && !aspected; ++q)
-            aspected = q != p && MajorAspect(Separation(c_.NatalLong[static_cast<size_t>(p)],
-                                                        c_.NatalLong[static_cast<size_t>(q)]),
-                                             orbs_) != 0;
+            aspected = q != p && MajorAspect(Sep(p, q), orbs_) != 0;
         if (aspected) continue;
         Line(PlanetName[static_cast<size_t>(p)], " is peregrine.");
         any = true;
@@ -116,8 +113,7 @@ void CareerRules::MidpointPairs(int lastFirst, int lastSecond, int skip, std::st
         if (i == skip) continue;
         for (int j = i + 1; j <= lastSecond; ++j) {
             if (j == skip) continue;
-            const double m = Midpoint(c_.NatalLong[static_cast<size_t>(i)],
-                                      c_.NatalLong[static_cast<size_t>(j)]);
+            const double m = Mid(i, j);
             if (!MidpointConfigured(separation(m))) continue;
             Line(prefix, PlanetName[static_cast<size_t>(i)], "/",
                  PlanetName[static_cast<size_t>(j)], " midpoint.");
