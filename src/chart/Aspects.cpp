@@ -257,9 +257,17 @@ AspectHit FindAspect(double a, double b, const OrbTable& orbs) {
 
 namespace {
 
-// A whole number below 1000 right-aligned in `width` (at least its digits),
-// written at `at`; returns the end.
+// A whole number right-aligned in `width` (at least its digits, at most
+// eight), written at `at`; returns the end.
 char* PutSmallWhole(char* at, unsigned n, size_t width) {
+    if (n < 1000 && width >= 3 && width <= 8) {
+        // The common case of the listing, without the loop.
+        at = std::fill_n(at, width - 3, ' ');
+        at[0] = n >= 100 ? static_cast<char>('0' + n / 100) : ' ';
+        at[1] = n >= 10 ? static_cast<char>('0' + n / 10 % 10) : ' ';
+        at[2] = static_cast<char>('0' + n % 10);
+        return at + 3;
+    }
     char cell[8];
     char* const end = cell + sizeof cell;
     char* b = end;
