@@ -130,12 +130,8 @@ class CareerRules {
 
     // The separation of natal bodies i and j (1..13), and the midpoint of
     // i and j for i < j: each taken once for all the rules.
-    double Sep(int i, int j) const {
-        return sep_[static_cast<size_t>(i)][static_cast<size_t>(j)];
-    }
-    double Mid(int i, int j) const {
-        return mid_[static_cast<size_t>(i)][static_cast<size_t>(j)];
-    }
+    double Sep(int i, int j) const { return sep_[static_cast<size_t>(i)][static_cast<size_t>(j)]; }
+    double Mid(int i, int j) const { return mid_[static_cast<size_t>(i)][static_cast<size_t>(j)]; }
 
     const Chart& c_;
     const OrbTable& orbs_;

@@ -212,9 +212,9 @@ class AspectFinder {
             const bool split = std::any_of(edges.begin(), edges.end(), [&](float e) {
                 return low <= e && e <= high; // never true for a NaN bound
             });
-            part_[d] = split ? kSplit
-                             : static_cast<signed char>(
-                                   FindAspect((d + 0.5) / kParts, 0, bounds_).code);
+            part_[d] =
+                split ? kSplit
+                      : static_cast<signed char>(FindAspect((d + 0.5) / kParts, 0, bounds_).code);
         }
     }
     const OrbTable& Orbs() const { return orbs_; }

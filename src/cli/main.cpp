@@ -294,9 +294,12 @@ int RunBatch(Session& s, const SessionSetup& setup, const NamesList& list,
         wheel
             ? 0
             : static_cast<unsigned>(std::clamp<std::size_t>(jobs, 1, std::max<std::size_t>(n, 1)));
-    // The workers run at most this many records ahead of the output, so
-    // that a long file is never held whole.
-    const std::size_t ahead = 32 * std::size_t{std::max(jobs, 1u)};
+    // Each worker takes the records a run of `chunk` at a time and hands the
+    // run over in one step, so that the writing thread is woken once a run
+    // and not once a record. The workers run at most `ahead` records ahead
+    // of the output, so that a long file is never held whole.
+    const std::size_t chunk = 16;
+    const std::size_t ahead = 4 * chunk * std::size_t{std::max(jobs, 1u)};
     std::vector<RecordRun> runs(n);
     std::vector<char> done(n, 0);
     std::size_t next = 0, written = 0;
@@ -306,19 +309,25 @@ int RunBatch(Session& s, const SessionSetup& setup, const NamesList& list,
     auto work = [&] {
         Session s;
         OpenSession(s, setup);
+        std::vector<RecordRun> made;
         for (;;) {
-            std::size_t k = 0;
+            std::size_t first = 0, end = 0;
             {
                 std::unique_lock<std::mutex> l(lock);
                 changed.wait(l, [&] { return next >= n || next < written + ahead; });
                 if (next >= n) break;
-                k = next++;
+                first = next;
+                end = next = std::min(n, next + chunk);
             }
-            RecordRun run = RunRecord(s, list.records[k], command, false);
+            made.clear();
+            for (std::size_t k = first; k < end; ++k)
+                made.push_back(RunRecord(s, list.records[k], command, false));
             {
                 std::lock_guard<std::mutex> l(lock);
-                runs[k] = std::move(run);
-                done[k] = 1;
+                for (std::size_t k = first; k < end; ++k) {
+                    runs[k] = std::move(made[k - first]);
+                    done[k] = 1;
+                }
             }
             changed.notify_all();
         }
@@ -343,7 +352,8 @@ int RunBatch(Session& s, const SessionSetup& setup, const NamesList& list,
             run = std::move(runs[k]);
             written = k + 1;
             l.unlock();
-            changed.notify_all();
+            // A waiting worker goes on when a whole run has been written.
+            if (written % chunk == 0) changed.notify_all();
         }
         const int line = list.lines.items[k];
         refusedLinesBefore(line);
