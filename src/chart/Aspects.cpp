@@ -203,27 +203,22 @@ AspectHit FindAspect(double a, double b, const AspectBounds& bounds) {
 class AspectFinder {
   public:
     explicit AspectFinder(const OrbTable& orbs) : orbs_(orbs), bounds_(orbs) {
-        std::vector<float> edges(bounds_.lo.begin(), bounds_.lo.end());
-        edges.insert(edges.end(), bounds_.hi.begin(), bounds_.hi.end());
-        edges.insert(edges.end(), {bounds_.lo165, bounds_.hi165, bounds_.conjunct});
-        for (size_t d = 0; d < part_.size(); ++d) {
-            const float low = static_cast<float>(d) / kParts;
-            const float high = static_cast<float>(d + 1) / kParts;
-            const bool split = std::any_of(edges.begin(), edges.end(), [&](float e) {
-                return low <= e && e <= high; // never true for a NaN bound
-            });
-            part_[d] =
-                split ? kSplit
-                      : static_cast<signed char>(FindAspect((d + 0.5) / kParts, 0, bounds_).code);
-        }
+        std::copy(bounds_.lo.begin(), bounds_.lo.end(), edges_.begin());
+        std::copy(bounds_.hi.begin(), bounds_.hi.end(), edges_.begin() + kRanged.size());
+        edges_[edges_.size() - 3] = bounds_.lo165;
+        edges_[edges_.size() - 2] = bounds_.hi165;
+        edges_[edges_.size() - 1] = bounds_.conjunct;
+        part_.fill(kUnknown);
     }
     const OrbTable& Orbs() const { return orbs_; }
 
-    AspectHit Find(double a, double b) const {
+    AspectHit Find(double a, double b) {
         const double sep = Separation(a, b);
         const float f = static_cast<float>(sep);
         if (!(f >= 0 && f < 180.0f)) return FindAspect(a, b, bounds_);
-        const signed char code = part_[static_cast<size_t>(f * kParts)]; // exact: a power of 2
+        const auto d = static_cast<size_t>(f * kParts); // exact: a power of 2
+        if (part_[d] == kUnknown) part_[d] = Classify(d);
+        const signed char code = part_[d];
         if (code == kSplit) return FindAspect(a, b, bounds_);
         AspectHit hit;
         hit.sep = sep;
@@ -233,16 +228,29 @@ class AspectFinder {
     }
 
   private:
-    static constexpr signed char kSplit = -1;
+    // The aspect of every separation in part d, or kSplit when a bound falls
+    // in it. Taken when first asked for: a chart asks for few parts.
+    signed char Classify(size_t d) const {
+        const float low = static_cast<float>(d) / kParts;
+        const float high = static_cast<float>(d + 1) / kParts;
+        const bool split = std::any_of(edges_.begin(), edges_.end(), [&](float e) {
+            return low <= e && e <= high; // never true for a NaN bound
+        });
+        return split ? kSplit
+                     : static_cast<signed char>(FindAspect((d + 0.5) / kParts, 0, bounds_).code);
+    }
+
+    static constexpr signed char kSplit = -1, kUnknown = -2;
     static constexpr int kParts = 8; // eighths of a degree
     OrbTable orbs_;
     AspectBounds bounds_;
-    std::array<signed char, 180 * kParts> part_{}; // 0 up to 180 degrees, 180 itself tested
+    std::array<float, 2 * kRanged.size() + 3> edges_{}; // every bound of every test
+    std::array<signed char, 180 * kParts> part_{};      // 0 up to 180 degrees, 180 itself tested
 };
 
 // The finder of the orb table last asked for on this thread, made again
 // when the table differs.
-const AspectFinder& FinderFor(const OrbTable& orbs) {
+AspectFinder& FinderFor(const OrbTable& orbs) {
     thread_local std::optional<AspectFinder> finder;
     if (!finder || std::memcmp(finder->Orbs().data(), orbs.data(), sizeof orbs) != 0)
         finder.emplace(orbs);
@@ -325,7 +333,7 @@ Messages ListNatalAspects(const Chart& c, const std::filesystem::path& appPath, 
         P[static_cast<size_t>(pos)] =
             c.NatalLong[static_cast<size_t>(KeyBody[static_cast<size_t>(pos)])];
 
-    const AspectFinder& finder = FinderFor(orbs.NatalOrbs);
+    AspectFinder& finder = FinderFor(orbs.NatalOrbs);
     std::string detail;
     detail.reserve(2048);
     detail = "  Planet     Planet    Separation   Degrees from exact\r\n";
