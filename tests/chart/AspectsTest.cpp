@@ -3,6 +3,9 @@
 
 #include <chrono>
 #include <filesystem>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "TestSupport.h"
 #include "base/TextFile.h"
@@ -191,4 +194,52 @@ TEST(NatalAspectListing, MinutesRoundWhileDegreesTruncate) {
     ASSERT_TRUE(ListNatalAspects(c, dir.path(), orbs, found, out).empty());
     EXPECT_NE(out.PageLines[17].find("  Sun        M_Heaven    59d 60m          0d 00m\r\n"),
               std::string::npos);
+}
+
+TEST(NatalAspectListing, GridAgreesWithTheSearchUnderAnyOrbs) {
+    // The listing looks the aspects up in a table made from the orbs; every
+    // pair must come out as the search of the same pair says, on random
+    // charts and on separations exactly at a bound, under orb tables with
+    // fractions, zeros, a negative and a very wide orb.
+    kal::test::ScratchAppDir dir;
+    const std::vector<std::string> orbFiles = {
+        "8\r\n6\r\n8\r\n8\r\n8\r\n1\r\n2\r\n2\r\n2\r\n3\r\n1\r\n1\r\n2\r\n1\r\n2\r\n1\r\n",
+        "7.37\r\n5.123\r\n-2\r\n9.99\r\n30\r\n1\r\n2.5\r\n0.001\r\n2.7\r\n3.3\r\n100\r\n1.1\r\n"
+        "2.9\r\n0.6\r\n4.4\r\n1.7\r\n",
+        "0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n0\r\n",
+    };
+    std::mt19937 rng(14);
+    std::uniform_real_distribution<double> anywhere(0, 360);
+    for (const auto& file : orbFiles) {
+        dir.Write("NATAL.ORB", file);
+        OrbTables orbs;
+        ASSERT_FALSE(LoadNatalOrbs(dir.path(), orbs));
+        const OrbTable& t = orbs.NatalOrbs;
+        // Separations at the bounds of the tests (each a single-precision value).
+        std::vector<double> bounds;
+        for (int code = 1; code <= 16; ++code)
+            for (int angle : {0, 30, 36, 40, 45, 60, 72, 90, 108, 120, 135, 144, 150, 165, 180})
+                for (float b :
+                     {angle - t[static_cast<size_t>(code)], angle + t[static_cast<size_t>(code)]})
+                    if (b >= 0 && b <= 180) bounds.push_back(b);
+        for (int trial = 0; trial < 400; ++trial) {
+            Chart c;
+            for (int j = 1; j <= 13; ++j)
+                c.NatalLong[static_cast<size_t>(j)] = trial % 2 ? anywhere(rng)
+                                                      : j == 1  ? 0.0
+                                                                : bounds[rng() % bounds.size()];
+            AspectFoundTable found{};
+            OutputBuffer out;
+            ASSERT_TRUE(ListNatalAspects(c, dir.path(), orbs, found, out).empty());
+            for (size_t r = 1; r <= 12; ++r)
+                for (size_t k = r + 1; k <= 13; ++k) {
+                    const int want = FindAspect(c.NatalLong[static_cast<size_t>(KeyBody[r])],
+                                                c.NatalLong[static_cast<size_t>(KeyBody[k])], t)
+                                         .code;
+                    for (size_t code = 2; code <= 17; ++code)
+                        ASSERT_EQ(found[code][k][r], static_cast<int>(code) == want ? 1 : 0)
+                            << file << " pair " << r << "," << k;
+                }
+        }
+    }
 }
