@@ -1,7 +1,10 @@
 #include "BenchCharts.h"
 
 #include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <spawn.h>
 #include <swephexp.h>
+#include <sys/wait.h>
 #include <valgrind/callgrind.h>
 
 #include <cstdio>
@@ -14,6 +17,8 @@
 
 #include "base/TextFile.h"
 #include "birthdata/Record.h"
+
+extern char** environ;
 
 namespace kal::bench {
 
@@ -167,6 +172,23 @@ extern "C" __attribute__((noinline)) void kaltrova_counted_run(const kal::bench:
 }
 
 namespace kal::bench {
+
+bool RunProcess(const std::vector<std::string>& args, bool quiet) {
+    std::vector<char*> argv;
+    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+    if (quiet) posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+    pid_t pid = 0;
+    int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (rc != 0) return false;
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
 
 int Main(int argc, char** argv, const std::function<void()>& registerFigures,
          const Workloads& workloads) {

@@ -58,6 +58,10 @@ const ChartSet& BenchCharts();
 // written there).
 Session& BenchSession();
 
+// Runs a program to its end, its output thrown away (its standard error too
+// when `quiet`); false when it could not be started or did not exit with 0.
+bool RunProcess(const std::vector<std::string>& args, bool quiet = false);
+
 // The baseline: eleven swe_calc and one swe_houses for one moment.
 void EphemerisOnly(const Moment& m);
 

@@ -7,10 +7,7 @@
 //       --benchmark_report_aggregates_only=true      (one command line)
 //   tools/bench/count_instructions.sh build-bench   (callgrind: per chart)
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <spawn.h>
 #include <swephexp.h>
-#include <sys/wait.h>
 
 #include <cstdio>
 #include <filesystem>
@@ -23,13 +20,12 @@
 #include "base/OutputBuffer.h"
 #include "base/TextFile.h"
 
-extern char** environ;
-
 namespace {
 
 using namespace kal;
 using kal::bench::BenchCharts;
 using kal::bench::BenchSession;
+using kal::bench::RunProcess;
 
 // The calculation of OK: input checks, chart and the whole data page in the
 // buffer.
@@ -118,25 +114,6 @@ void OverCharts(benchmark::State& state, const char* name) {
     const std::size_t n = BenchCharts().charts.size();
     std::size_t i = 0;
     for (auto _ : state) w.run(i++ % n);
-}
-
-// Runs a program to its end, its output thrown away (its standard error too
-// when `quiet`); false when it could not be started or did not exit with 0.
-bool RunProcess(const std::vector<std::string>& args, bool quiet = false) {
-    std::vector<char*> argv;
-    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-    if (quiet) posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-    pid_t pid = 0;
-    int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    if (rc != 0) return false;
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 // `kaltrova-cli page` for one record, process start to exit.
