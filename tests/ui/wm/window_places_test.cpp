@@ -82,8 +82,9 @@ void ExpectBesideInput(StartedProgram& p, ui::WindowName list, const char* when)
         return !a.intersects(b) && b.left() > a.right() && b.left() - a.right() < 8 &&
                b.top() == a.top();
     };
-    // The manager may move a window once more when it frames it.
-    const bool ok = QTest::qWaitFor(beside, 2000);
+    // The manager may move a window once more when it frames it, later on a
+    // loaded machine (a sanitizer build).
+    const bool ok = QTest::qWaitFor(beside, 10000);
     const auto text = [](const QRect& r) {
         return QString("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
     };
