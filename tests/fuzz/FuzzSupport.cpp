@@ -54,21 +54,7 @@ void PassingPicks::Calculate(const InputFields& in, std::string_view what) {
 }
 
 InputFields ExampleInput() {
-    InputFields in;
-    in.txtName = "Example";
-    in.txtMonth = "5";
-    in.txtDay = "12";
-    in.txtYear = "1959";
-    in.txtBirthHour = "10";
-    in.txtBirthMinute = "43";
-    in.optAM = true;
-    in.txtTZ = "6";
-    in.txtLongDeg = "75";
-    in.txtLongMin = "23";
-    in.txtLatDeg = "39";
-    in.txtLatMin = "45";
-    in.txtEmail = "me@example.org";
-    return in;
+    return *test::FieldsOfRecord("Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
 }
 
 void Fail(std::string_view what) {

@@ -24,11 +24,9 @@ using namespace kal;
 namespace {
 
 InputFields Fields(const std::string& line, int dateOrder = 0) {
-    auto rec = ParseRecordLine(line);
-    EXPECT_TRUE(rec) << line;
-    InputFields in;
-    EXPECT_FALSE(TransferRecord(*rec, dateOrder, in)) << line;
-    return in;
+    auto in = test::FieldsOfRecord(line, dateOrder);
+    EXPECT_TRUE(in) << line;
+    return in.value_or(InputFields{});
 }
 
 SteppedRecord Stepped(short year, short latDeg, short latMin, bool south = false) {

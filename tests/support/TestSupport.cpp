@@ -23,6 +23,13 @@ namespace kal::test {
 
 namespace fs = std::filesystem;
 
+std::optional<InputFields> FieldsOfRecord(const std::string& line, int dateOrder) {
+    auto rec = ParseRecordLine(line);
+    InputFields in;
+    if (!rec || TransferRecord(*rec, dateOrder, in)) return std::nullopt;
+    return in;
+}
+
 std::filesystem::path AppDir() {
     return KALTROVA_APPDIR;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/SafeWrite.h"
+#include "chart/InputFields.h"
 
 namespace kal::test {
 
@@ -31,6 +32,11 @@ class ScratchAppDir {
 
 // The built program directory.
 std::filesystem::path AppDir();
+
+// The input fields a pick of the names-file line `line` fills (as the names
+// window transfers it); nullopt when the line is not a record or the
+// transfer refuses it.
+std::optional<InputFields> FieldsOfRecord(const std::string& line, int dateOrder = 0);
 
 // An empty folder in the temporary folder, removed on destruction.
 class TempFolder {
