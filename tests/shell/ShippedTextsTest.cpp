@@ -2,10 +2,12 @@
 // (under every setting of options 140, 141 and 145) and the meanings window
 // can form finds its passage through the program's own reader, every passage
 // has its end line, every keyed file keeps the passage format, and every
-// lesson file of the keyword system is there. The same walk over a damaged
-// copy shows that it notices.
+// lesson file of the keyword system is there, and no sentence is met twice
+// by a reader of the texts. The same walks over a damaged copy show that they
+// notice.
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <map>
 #include <set>
 
@@ -140,6 +142,113 @@ std::vector<std::string> TextProblems(const fs::path& dir) {
     return problems;
 }
 
+// The files shown whole: the report's chapters and every lesson file the
+// keyword window names.
+std::vector<std::string> WholeTextFiles() {
+    std::vector<std::string> names(ReportChapters.begin(), ReportChapters.end());
+    for (auto lesson : {IntroLesson, StepsLesson, KeyLesson, GeneralLesson, ExampleLesson,
+                        SummaryLesson, AspectsLesson})
+        names.emplace_back(lesson);
+    for (short k = 0; k < 12; ++k) {
+        names.push_back(SignLessonFile(k));
+        names.push_back(HouseLessonFile(k));
+    }
+    for (short k = 0; k < 10; ++k) names.push_back(PlanetLessonFile(k));
+    return names;
+}
+
+// Words that change from one passage of a series to the next: the points,
+// signs, houses and aspects. A sentence that differs from another only in
+// these (and in "the") is the same sentence to a reader.
+const std::set<std::string> SeriesWords = {
+    "sun",         "moon",        "mercury",   "venus",      "mars",     "jupiter",
+    "saturn",      "uranus",      "neptune",   "pluto",      "node",     "nodes",
+    "ascendant",   "descendant",  "midheaven", "mc",         "ic",       "aries",
+    "taurus",      "gemini",      "cancer",    "leo",        "virgo",    "libra",
+    "scorpio",     "sagittarius", "capricorn", "aquarius",   "pisces",   "first",
+    "second",      "third",       "fourth",    "fifth",      "sixth",    "seventh",
+    "eighth",      "ninth",       "tenth",     "eleventh",   "twelfth",  "1st",
+    "2nd",         "3rd",         "4th",       "5th",        "6th",      "7th",
+    "8th",         "9th",         "10th",      "11th",       "12th",     "conjunct",
+    "conjunction", "sextile",     "sextiles",  "square",     "squares",  "trine",
+    "trines",      "opposite",    "opposes",   "opposition", "blending", "harmonizing",
+    "discordant"};
+
+// The sentences of `text` of eight words or more, each as its words in lower
+// case with the series words replaced by "#" and "the" left out.
+std::vector<std::string> LongSentences(const std::string& text) {
+    std::vector<std::string> out;
+    std::string shape, word;
+    int words = 0;
+    auto endWord = [&] {
+        if (word.empty()) return;
+        if (word.size() > 2 && word.compare(word.size() - 2, 2, "'s") == 0)
+            word.resize(word.size() - 2);
+        ++words;
+        if (word != "the") shape += (SeriesWords.count(word) ? std::string("#") : word) + " ";
+        word.clear();
+    };
+    for (char c : text + ".") {
+        auto u = static_cast<unsigned char>(c);
+        if (std::isalnum(u) || (c == '\'' && !word.empty())) {
+            word += static_cast<char>(std::tolower(u));
+            continue;
+        }
+        endWord();
+        if (c == '.' || c == '!' || c == '?') {
+            if (words >= 8) out.push_back(shape);
+            shape.clear();
+            words = 0;
+        }
+    }
+    return out;
+}
+
+// Every sentence met twice in the texts of `dir` a reader can be shown: the
+// passages of the keyed files, the report's chapters and the lessons.
+std::vector<std::string> RepeatedSentences(const fs::path& dir) {
+    std::map<std::string, std::vector<std::string>> seen;
+    std::set<fs::path> keyed;
+    for (const auto& [name, keys] : WantedKeys()) keyed.insert(FindTextFile(dir, name));
+    for (const auto& file : keyed) {
+        auto lines = ReadLines(file);
+        if (!lines) continue;
+        std::string body;
+        size_t heading = 0;
+        bool inside = false;
+        for (size_t n = 0; n < lines->size(); ++n) {
+            const auto& line = (*lines)[n];
+            if (!inside) {
+                inside = line.find_first_not_of(' ') != std::string::npos;
+                heading = n;
+            } else if (IsPassageEnd(line)) {
+                for (auto& s : LongSentences(body))
+                    seen[s].push_back(file.filename().string() + ":" + std::to_string(heading + 1));
+                body.clear();
+                inside = false;
+            } else {
+                body += line + " ";
+            }
+        }
+    }
+    for (const auto& name : WholeTextFiles()) {
+        fs::path file = FindTextFile(dir, name);
+        auto lines = ReadLines(file);
+        if (!lines) continue;
+        std::string body;
+        for (const auto& l : *lines) body += l + " ";
+        for (auto& s : LongSentences(body)) seen[s].push_back(file.filename().string());
+    }
+    std::vector<std::string> repeats;
+    for (const auto& [shape, where] : seen) {
+        if (where.size() < 2) continue;
+        std::string at;
+        for (const auto& w : where) at += (at.empty() ? "" : ", ") + w;
+        repeats.push_back(at + ": \"" + shape + "\"");
+    }
+    return repeats;
+}
+
 std::string Joined(const std::vector<std::string>& lines) {
     std::string s;
     for (const auto& l : lines) s += l + "\n";
@@ -173,6 +282,14 @@ TEST(ShippedTexts, EveryKeyFindsAPassageWithItsEndLine) {
     EXPECT_TRUE(problems.empty()) << Joined(problems);
 }
 
+TEST(ShippedTexts, NoSentenceIsMetTwice) {
+    // Word for word, or with only the points, signs, houses or aspects changed:
+    // one report reads many passages of a series, and a lesson is read beside
+    // the passages it explains.
+    auto repeats = RepeatedSentences(test::AppDir());
+    EXPECT_TRUE(repeats.empty()) << Joined(repeats);
+}
+
 TEST(ShippedTexts, TheWalkNoticesADamagedCopy) {
     test::ScratchAppDir dir;
     auto edit = [&](const std::string& name, const std::string& from, const std::string& to) {
@@ -197,19 +314,28 @@ TEST(ShippedTexts, TheWalkNoticesADamagedCopy) {
     EXPECT_TRUE(Mentions(problems, "Pluto.TXT:") && Mentions(problems, "without an end line"));
     EXPECT_TRUE(Mentions(problems, "SIGN_Leo.TXT: missing"));
     EXPECT_TRUE(Mentions(problems, "RISING.TXT: a line end that is not CR LF"));
+
+    // A sentence of a passage copied into a lesson with another sign and an
+    // article changed; the same sentence twice in one passage; a seven-word
+    // sentence repeated, which is allowed.
+    auto key = *ReadFileBytes(dir.path() / "KEY.TXT");
+    dir.Write("KEY.TXT", key + "Both planets rule the fire signs, Leo and Sagittarius, and\r\n"
+                               "the conjunction has a fiery openness, generous in victory and\r\n"
+                               "impatient with small minds. Short sentences may say it again.\r\n");
+    edit("Mars.TXT", "thin.\r\n*\r\n",
+         "thin. Short sentences may say it again. Hand over one old campaign before\r\n"
+         "you start the next. Hand over one old campaign before you start the\r\n"
+         "next.\r\n*\r\n");
+    auto repeats = RepeatedSentences(dir.path());
+    EXPECT_TRUE(Mentions(repeats, "Mars.TXT:1, KEY.TXT: \"both planets rule fire signs # and"))
+        << Joined(repeats);
+    EXPECT_TRUE(Mentions(repeats, "Mars.TXT:1, Mars.TXT:1: \"hand over one old campaign"));
+    EXPECT_EQ(repeats.size(), 2u) << Joined(repeats);
 }
 
 TEST(ShippedTexts, ChaptersAndLessonFilesExist) {
-    std::vector<std::string> names(ReportChapters.begin(), ReportChapters.end());
-    names.insert(names.end(), {"PERSONAL.NAM"});
-    for (auto lesson : {IntroLesson, StepsLesson, KeyLesson, GeneralLesson, ExampleLesson,
-                        SummaryLesson, AspectsLesson})
-        names.emplace_back(lesson);
-    for (short k = 0; k < 12; ++k) {
-        names.push_back(SignLessonFile(k));
-        names.push_back(HouseLessonFile(k));
-    }
-    for (short k = 0; k < 10; ++k) names.push_back(PlanetLessonFile(k));
+    auto names = WholeTextFiles();
+    names.push_back("PERSONAL.NAM");
     for (const auto& name : names) {
         fs::path file = FindTextFile(test::AppDir(), name);
         auto lines = ReadLines(file);
