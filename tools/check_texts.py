@@ -12,7 +12,10 @@ walks every key either of them can form and reports
   - a passage without an end line, or a run of ten empty lines before one,
   - lines wider than 76 characters, bytes that are not ASCII, line ends that
     are not CR LF,
-  - sentences of eight words or more that occur twice in the texts checked.
+  - sentences of eight words or more that occur twice in the passages, the
+    report's chapters and the lessons, word for word or with only the names
+    of points, signs, houses and aspects changed (the test of the shipped
+    texts makes the same comparison).
 
     python3 tools/check_texts.py [DATADIR] [--only FILE ...]
 
@@ -155,6 +158,29 @@ def lookup(lines, key):
 
 
 SENTENCE = re.compile(r"[^.!?]+[.!?]")
+# Words that change from one passage of a series to the next.
+SERIES_WORDS = set("""sun moon mercury venus mars jupiter saturn uranus neptune pluto node nodes
+    ascendant descendant midheaven mc ic aries taurus gemini cancer leo virgo libra scorpio
+    sagittarius capricorn aquarius pisces first second third fourth fifth sixth seventh eighth
+    ninth tenth eleventh twelfth 1st 2nd 3rd 4th 5th 6th 7th 8th 9th 10th 11th 12th conjunct
+    conjunction sextile sextiles square squares trine trines opposite opposes opposition
+    blending harmonizing discordant""".split())
+CHAPTERS = ["PHILO.HLP", "ASCSIGN.TXT", "SIGN.TXT", "HOUSE.TXT", "ASPECT.TXT", "CLOSING.TXT"]
+LESSONS = (["INTRO1.TXT", "INTRO2.TXT", "KEY.TXT", "GENERAL.TXT", "EXAMPLE1.TXT",
+            "EXAMPLE2.TXT", "ASPECTS.TXT"]
+           + [n.upper()[:3] + ".TXT" for n, _ in SIGNS]
+           + ["%d.TXT" % h for h in range(1, 13)]
+           + ["The_Sun.TXT"] + [p[:3] + ".TXT" for p in PLANETS[1:]])
+
+
+def add_sentences(sentences, text, where):
+    """Files each sentence of eight words or more of text under its shape:
+    lower case, "the" left out, the series words replaced by "#"."""
+    for s in SENTENCE.findall(" ".join(text.split())):
+        words = [re.sub(r"'s$", "", w) for w in re.findall(r"[a-z0-9']+", s.lower())]
+        if len(words) >= 8:
+            shape = " ".join("#" if w in SERIES_WORDS else w for w in words if w != "the")
+            sentences[shape].append(where)
 
 
 def main():
@@ -183,11 +209,8 @@ def main():
         for start, end in ps:
             if end is None:
                 problems.append("%s:%d: passage without an end line" % (fname, start + 1))
-            body = " ".join(l.strip() for l in lines[start + 1:end])
-            for s in SENTENCE.findall(body):
-                s = " ".join(s.split())
-                if len(s.split()) >= 8:
-                    sentences[s.lower()].append("%s:%d" % (fname, start + 1))
+            add_sentences(sentences, " ".join(lines[start + 1:end]),
+                          "%s:%d" % (fname, start + 1))
         used = set()
         for key in sorted(keys[fname]):
             n = lookup(lines, key)
@@ -203,6 +226,13 @@ def main():
             if start not in used:
                 problems.append("%s:%d: passage no key finds: %r"
                                 % (fname, start + 1, lines[start].strip()))
+    if not args.only:
+        for fname in CHAPTERS + LESSONS:
+            path = find_file(args.datadir, fname)
+            if path is None:
+                problems.append("%s: missing" % fname)
+                continue
+            add_sentences(sentences, " ".join(read_lines(path, problems)), fname)
     for s, where in sentences.items():
         if len(where) > 1:
             problems.append("sentence repeated at %s: %r" % (", ".join(where), s[:70]))
