@@ -1,4 +1,6 @@
 // kaltrova-cli: the core without windows, for batch work, scripting and tests.
+#include <dlfcn.h>
+
 #include <algorithm>
 #include <atomic>
 #include <cmath>
@@ -17,21 +19,18 @@
 #include <thread>
 #include <vector>
 
-#include "atlas/AtlasLookup.h"
 #include "base/TextFile.h"
 #include "base/VbText.h"
 #include "birthdata/NamesFile.h"
 #include "birthdata/Record.h"
+#include "cli/AtlasModule.h"
 #include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/Startup.h"
 
 #ifdef KALTROVA_WHEEL_EXPORT
-#include <QGuiApplication>
-
+#include "cli/WheelModule.h"
 #include "wheel/WheelTables.h"
-#include "wheel/qt/QtCanvas.h"
-#include "wheel/qt/WheelRender.h"
 #endif
 
 namespace fs = std::filesystem;
@@ -90,6 +89,7 @@ void PrintMessages(const Messages& msgs) {
 
 // What the wheel command writes.
 struct WheelOut {
+    const WheelExporter* exporter = nullptr;
     fs::path file;
     short typeChart = -1; // -1: the style of Kaltrova.INI
     bool batch = false;
@@ -107,42 +107,10 @@ fs::path BatchFile(const fs::path& out, int number, const std::string& name) {
     return out.parent_path() / (out.stem().string() + num + safe + out.extension().string());
 }
 
-// A runtime directory of the command's own while it draws. Qt looks into
-// the user's runtime directory when it starts (for a display server's
-// socket) and complains on the standard error when XDG_RUNTIME_DIR is not
-// set, as under cron, ssh without a session or a container; an empty private
-// directory answers it and goes when the command ends.
-class PrivateRuntimeDir {
-  public:
-    PrivateRuntimeDir() {
-        const char* set = std::getenv("XDG_RUNTIME_DIR");
-        if (set && *set) return;
-        std::error_code ec;
-        fs::path tmp = fs::temp_directory_path(ec);
-        if (ec) tmp = "/tmp";
-        std::string name = (tmp / "kaltrova-cli-XXXXXX").string();
-        // mkdtemp makes it readable and writable by its owner only, as a
-        // runtime directory must be.
-        if (!mkdtemp(name.data())) return;
-        dir_ = name;
-        setenv("XDG_RUNTIME_DIR", name.c_str(), 1);
-    }
-    ~PrivateRuntimeDir() {
-        if (dir_.empty()) return;
-        unsetenv("XDG_RUNTIME_DIR");
-        std::error_code ec;
-        fs::remove_all(dir_, ec);
-    }
-    PrivateRuntimeDir(const PrivateRuntimeDir&) = delete;
-    PrivateRuntimeDir& operator=(const PrivateRuntimeDir&) = delete;
-
-  private:
-    fs::path dir_;
-};
-
 // Draws the calculated chart's wheel into a file, as the wheel window
 // would: the orb file's orbs, the shipped label tables, the options.
-int ExportWheelOf(Session& s, const fs::path& file, short typeChart, QSize size) {
+int ExportWheelOf(const WheelExporter& exporter, Session& s, const fs::path& file, short typeChart,
+                  int width, int height) {
     static WheelTables tables;
     static bool loaded = false;
     if (!loaded) {
@@ -159,13 +127,39 @@ int ExportWheelOf(Session& s, const fs::path& file, short typeChart, QSize size)
     PrintedPage page;
     page.personalHeader = ReadLines(FindFile(s.paths.AppPath, "PERSONAL.NAM"));
     WheelPaintInput in{chart, style, s.options, s.listing.orbs.WheelOrbs, tables, &page};
-    if (auto err = ExportWheel(file, in, FindFile(s.paths.AppPath, "glyphix.ttf"), size)) {
-        std::cerr << "kaltrova-cli: " << *err << "\n";
+    char error[512] = "";
+    if (!exporter.write(file.c_str(), in, FindFile(s.paths.AppPath, "glyphix.ttf").c_str(), width,
+                        height, error, sizeof error)) {
+        std::cerr << "kaltrova-cli: " << error << "\n";
         return 73;
     }
     return 0;
 }
 #endif
+
+// A module of the program's own from beside it (the wheel export, the
+// atlas), loaded by the one command that needs it so that the others start
+// without the libraries it brings. Its entry's table, or nothing when the
+// module is missing or of another build, with the reason in `error`.
+const void* LoadModule(const char* name, const char* entryName, int version, std::string& error) {
+    const fs::path file = ExecutableDir() / name;
+    void* module = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!module) {
+        const char* why = dlerror();
+        error = why ? why : file.string();
+        return nullptr;
+    }
+    using Entry = const int* (*)();
+    auto entry = reinterpret_cast<Entry>(dlsym(module, entryName));
+    // Every table opens with the version of the build that made it.
+    const int* table = entry ? entry() : nullptr;
+    if (!table || *table != version) {
+        error = file.string() + " is not the module of this kaltrova-cli";
+        dlclose(module);
+        return nullptr;
+    }
+    return table;
+}
 
 // What one record gave.
 struct RecordRun {
@@ -216,9 +210,10 @@ RecordRun RunRecord(Session& s, BirthRecord rec, const std::string& command, boo
     if (show || calcPage) notWritten = ClosePage(s, show);
 #ifdef KALTROVA_WHEEL_EXPORT
     if (wheel) {
-        run.status = ExportWheelOf(
-            s, wheel->batch ? BatchFile(wheel->file, number, rec.RecName) : wheel->file,
-            wheel->typeChart, QSize(wheel->width, wheel->height));
+        run.status =
+            ExportWheelOf(*wheel->exporter, s,
+                          wheel->batch ? BatchFile(wheel->file, number, rec.RecName) : wheel->file,
+                          wheel->typeChart, wheel->width, wheel->height);
         return run;
     }
 #else
@@ -384,71 +379,6 @@ int RunBatch(Session& s, const SessionSetup& setup, const NamesList& list,
     return given == 0 ? 65 : pageWritten ? 0 : 74;
 }
 
-// "1944-08-01" and "10:00" into a clock; false when they are not such.
-bool ParseClock(const std::string& date, const std::string& time, LocalClock& c) {
-    char tail = 0;
-    if (std::sscanf(date.c_str(), "%d-%d-%d%c", &c.year, &c.month, &c.day, &tail) != 3)
-        return false;
-    if (std::sscanf(time.c_str(), "%d:%d%c", &c.hour, &c.minute, &tail) != 2) return false;
-    return true;
-}
-
-// "48N08": whole degrees, the direction, minutes rounded as Lookup rounds.
-std::string AngleField(double arcSeconds, char positive, char negative) {
-    DegreesMinutes dm = ToDegreesMinutes(arcSeconds);
-    std::string minutes = std::to_string(dm.minutes);
-    if (minutes.size() < 2) minutes.insert(0, "0");
-    return std::to_string(dm.degrees) + (dm.negative ? negative : positive) + minutes;
-}
-
-// The atlas command: every place the search finds, one line for each reading
-// of the clock at the given local time. Returns the exit status.
-int RunAtlas(Session& s, const std::string& place, const std::string& date, const std::string& time,
-             std::size_t limit) {
-    LocalClock clock;
-    if (place.empty() || !ParseClock(date, time, clock)) {
-        std::cerr << "kaltrova-cli: atlas needs --place TEXT --date YYYY-MM-DD --time HH:MM\n";
-        return 64;
-    }
-    const PlaceIndex* atlas = s.atlas.Index();
-    if (!atlas) {
-        std::cerr << "kaltrova-cli: " << s.atlas.Error() << "\n";
-        return 66;
-    }
-    std::vector<PlaceMatch> found = atlas->search(place, limit);
-    if (found.empty()) {
-        std::cerr << "kaltrova-cli: no place of the atlas is called '" << place << "'\n";
-        return 1;
-    }
-    std::cout << "place\tregion\tcountry\tlatitude\tlongitude\tzone\tkind\ttime\treading\t"
-                 "input_zone\tiana_zone\tduplicate\n";
-    for (const PlaceMatch& m : found) {
-        AtlasPlace p = atlas->place(m.place);
-        AtlasAnswer a = LookupPlace(*atlas, m.place, clock);
-        if (!a.zone.error.empty()) {
-            std::cerr << "kaltrova-cli: " << a.zone.error << "\n";
-            return 64;
-        }
-        auto line = [&](const ZoneReading& r, const char* reading) {
-            AtlasZoneValue z = AtlasZoneFromKind(r.zone900, r.kindOfTime);
-            std::cout << p.name << '\t' << p.region << '\t' << p.country << '\t'
-                      << AngleField(a.latitudeSeconds, 'N', 'S') << '\t'
-                      << AngleField(a.longitudeSeconds, 'W', 'E') << '\t'
-                      << NumText(static_cast<float>(r.zone900) / 900.0f, Precision::Single) << '\t'
-                      << r.kindOfTime << '\t' << r.abbreviation << '\t' << reading << '\t'
-                      << NumText(z.hours, Precision::Single) << '\t' << p.zone << '\t'
-                      << a.duplicate << '\n';
-        };
-        if (a.zone.fit == ClockFit::Unique) {
-            line(a.zone.first, "only");
-        } else {
-            line(a.zone.first, "before");
-            line(a.zone.second, "after");
-        }
-    }
-    return 0;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -514,12 +444,20 @@ int main(int argc, char** argv) {
             std::cerr << "kaltrova-cli: --limit takes a number from 1\n";
             return 64;
         }
+        std::string why;
+        auto* atlas = static_cast<const AtlasCommand*>(
+            LoadModule(AtlasModuleFile, AtlasModuleEntry, AtlasModuleVersion, why));
+        if (!atlas) {
+            std::cerr << "kaltrova-cli: the atlas command needs " << AtlasModuleFile
+                      << " beside the program: " << why << "\n";
+            return 69;
+        }
         const fs::path exeDir = ExecutableDir();
-        Session s;
-        s.Open(dir.empty() ? exeDir : dir, ShippedDataDir(exeDir).value_or(fs::path()));
-        int status = RunAtlas(s, place, date, time, static_cast<std::size_t>(limit));
-        s.Close();
-        return status;
+        const fs::path appDir = dir.empty() ? exeDir : dir;
+        const fs::path shipped = ShippedDataDir(exeDir).value_or(fs::path());
+        std::fflush(stdout);
+        return atlas->run(appDir.c_str(), shipped.c_str(), place.c_str(), date.c_str(),
+                          time.c_str(), limit);
     }
     auto it = Commands().find(command);
     if (it == Commands().end()) {
@@ -532,7 +470,15 @@ int main(int argc, char** argv) {
     const bool isWheel = command == "wheel";
     if (isWheel) {
 #ifdef KALTROVA_WHEEL_EXPORT
-        if (out.empty() || !ExportFormatOf(out)) {
+        std::string why;
+        wheel.exporter = static_cast<const WheelExporter*>(
+            LoadModule(WheelModuleFile, WheelModuleEntry, WheelModuleVersion, why));
+        if (!wheel.exporter) {
+            std::cerr << "kaltrova-cli: the wheel command needs " << WheelModuleFile
+                      << " beside the program: " << why << "\n";
+            return 69;
+        }
+        if (out.empty() || !wheel.exporter->knowsFormat(out.c_str())) {
             std::cerr << "kaltrova-cli: wheel needs --out FILE.svg, FILE.png or FILE.pdf\n";
             return 64;
         }
@@ -584,25 +530,21 @@ int main(int argc, char** argv) {
     }
 
 #ifdef KALTROVA_WHEEL_EXPORT
-    // The wheel is drawn through Qt's painter; without a display, on the
-    // offscreen platform.
-    std::unique_ptr<PrivateRuntimeDir> runtimeDir;
-    std::unique_ptr<QGuiApplication> gui;
-    int guiArgc = 1;
-    if (isWheel) {
-        runtimeDir = std::make_unique<PrivateRuntimeDir>();
-        if (!std::getenv("QT_QPA_PLATFORM") && !std::getenv("DISPLAY") &&
-            !std::getenv("WAYLAND_DISPLAY"))
-            setenv("QT_QPA_PLATFORM", "offscreen", 1);
-        gui = std::make_unique<QGuiApplication>(guiArgc, argv);
-    }
+    // Qt, once started for the wheel, ends after the session, whichever way
+    // the command ends.
+    struct PainterOpen {
+        const WheelExporter* exporter = nullptr;
+        ~PainterOpen() {
+            if (exporter) exporter->close();
+        }
+    } painter;
 #endif
     Session s;
     OpenSession(s, setup);
 #ifdef KALTROVA_WHEEL_EXPORT
-    int wheelFont = -1;
     if (isWheel) {
-        wheelFont = RegisterWheelFonts(s.paths.AppPath);
+        wheel.exporter->open(argv[0], s.paths.AppPath.c_str());
+        painter.exporter = wheel.exporter;
         if (wheel.typeChart < 0) {
             // The style the wheel window last had.
             Settings settings;
@@ -666,8 +608,5 @@ int main(int argc, char** argv) {
         return 64;
     }
     s.Close();
-#ifdef KALTROVA_WHEEL_EXPORT
-    RemoveWheelFonts(wheelFont);
-#endif
     return status;
 }

@@ -285,6 +285,32 @@ TEST(CliWheel, BatchNamesEachFileAndBadArgumentsAreRefused) {
         EXPECT_EQ(RunShell(Cli(dir.path(), args + " 2>/dev/null")).status, 64) << args;
 }
 
+TEST(CliWheel, OnlyTheWheelLoadsQtAndItsModuleMustBeBesideTheProgram) {
+    // The program names no Qt library: the listings start without it.
+    auto dynamic = RunShell("readelf -d " + ShellQuote(KALTROVA_CLI));
+    ASSERT_EQ(dynamic.status, 0);
+    ASSERT_NE(dynamic.out.find("libswe"), std::string::npos);
+    EXPECT_EQ(dynamic.out.find("Qt"), std::string::npos) << dynamic.out;
+
+    // A copy without the wheel module beside it: the pages as ever, the
+    // wheel refused with the module's name and nothing drawn.
+    kal::test::TempFolder bin;
+    const auto cli = bin.path() / "kaltrova-cli";
+    std::filesystem::copy_file(KALTROVA_CLI, cli);
+    kal::test::ScratchAppDir dir;
+    const std::string run = ShellQuote(cli.string()) + " --dir " + ShellQuote(dir.path()) + " ";
+    auto page = RunShell(run + "natal --record " + ShellQuote(kExample));
+    EXPECT_EQ(page.status, 0);
+    EXPECT_EQ(page.out, Stored("example_natal_placidus.txt"));
+    const auto png = dir.path() / "w.png";
+    auto wheel = RunShell(run + "wheel --out " + ShellQuote(png.string()) + " --record " +
+                          ShellQuote(kExample) + " 2>&1");
+    EXPECT_EQ(wheel.status, 69);
+    EXPECT_NE(wheel.out.find("needs kaltrova-cli-wheel.so beside the program"), std::string::npos)
+        << wheel.out;
+    EXPECT_FALSE(std::filesystem::exists(png));
+}
+
 namespace {
 
 // Births spread over years and both hemispheres, each its own moment.

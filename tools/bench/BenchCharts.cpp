@@ -4,9 +4,12 @@
 #include <fcntl.h>
 #include <spawn.h>
 #include <swephexp.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <valgrind/callgrind.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -174,6 +177,10 @@ extern "C" __attribute__((noinline)) void kaltrova_counted_run(const kal::bench:
 namespace kal::bench {
 
 bool RunProcess(const std::vector<std::string>& args, bool quiet) {
+    return RunProcessTimed(args, quiet).has_value();
+}
+
+std::optional<ProcessTimes> RunProcessTimed(const std::vector<std::string>& args, bool quiet) {
     std::vector<char*> argv;
     for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
     argv.push_back(nullptr);
@@ -181,13 +188,42 @@ bool RunProcess(const std::vector<std::string>& args, bool quiet) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
     if (quiet) posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
+    const auto start = std::chrono::steady_clock::now();
     pid_t pid = 0;
     int rc = posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
-    if (rc != 0) return false;
+    if (rc != 0) return std::nullopt;
     int status = 0;
-    waitpid(pid, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    struct rusage usage {};
+    if (wait4(pid, &status, 0, &usage) != pid) return std::nullopt;
+    const auto end = std::chrono::steady_clock::now();
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return std::nullopt;
+    auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
+    return ProcessTimes{std::chrono::duration<double>(end - start).count(),
+                        seconds(usage.ru_utime) + seconds(usage.ru_stime)};
+}
+
+void TimeProcesses(benchmark::State& state,
+                   const std::function<std::vector<std::string>(std::size_t)>& argsOf, bool quiet) {
+    std::vector<double> wall, cpu;
+    std::size_t i = 0;
+    for (auto _ : state) {
+        auto t = RunProcessTimed(argsOf(i++), quiet);
+        if (!t) {
+            state.SkipWithError("the process failed");
+            return;
+        }
+        wall.push_back(t->wall);
+        cpu.push_back(t->cpu);
+    }
+    auto medianMs = [](std::vector<double>& v) {
+        if (v.empty()) return 0.0;
+        auto mid = v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2);
+        std::nth_element(v.begin(), mid, v.end());
+        return *mid * 1000;
+    };
+    state.counters["wall_ms"] = medianMs(wall);
+    state.counters["cpu_ms"] = medianMs(cpu);
 }
 
 int Main(int argc, char** argv, const std::function<void()>& registerFigures,

@@ -15,9 +15,12 @@
 // turn) and, for callgrind, a workload of the same name.
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,6 +64,24 @@ Session& BenchSession();
 // Runs a program to its end, its output thrown away (its standard error too
 // when `quiet`); false when it could not be started or did not exit with 0.
 bool RunProcess(const std::vector<std::string>& args, bool quiet = false);
+
+// The wall time of one process from start to exit and the processor time it
+// used (user and system), in seconds.
+struct ProcessTimes {
+    double wall = 0, cpu = 0;
+};
+
+// RunProcess, timed; nothing when it failed.
+std::optional<ProcessTimes> RunProcessTimed(const std::vector<std::string>& args,
+                                            bool quiet = false);
+
+// A benchmark of whole processes: each iteration starts the command
+// `argsOf(i)` gives, and the figures reported are the medians of the runs'
+// wall and processor times (wall_ms, cpu_ms), which one slow start on a
+// shared machine does not move as it moves a mean.
+void TimeProcesses(benchmark::State& state,
+                   const std::function<std::vector<std::string>(std::size_t)>& argsOf,
+                   bool quiet = false);
 
 // The baseline: eleven swe_calc and one swe_houses for one moment.
 void EphemerisOnly(const Moment& m);

@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "BenchCharts.h"
 #include "app/Windows.h"
@@ -52,12 +53,12 @@ int StartKaltrova(int argc, char** argv) {
 }
 
 void Start(benchmark::State& state, const char* what) {
-    for (auto _ : state) {
-        if (!kal::bench::RunProcess({self, "--start", what}, true)) {
-            state.SkipWithError("the program did not start");
-            break;
-        }
-    }
+    kal::bench::TimeProcesses(
+        state,
+        [what](std::size_t) -> std::vector<std::string> {
+            return {self, "--start", what};
+        },
+        true);
 }
 
 } // namespace
@@ -73,9 +74,11 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
     benchmark::RegisterBenchmark("BM_Process_StartLabel", Start, "label")
+        ->Iterations(25)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
     benchmark::RegisterBenchmark("BM_Process_StartKaltrova", Start, "kaltrova")
+        ->Iterations(25)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime();
     benchmark::RunSpecifiedBenchmarks();
