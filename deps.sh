@@ -3,7 +3,7 @@
 # Does nothing when everything is already there.
 set -euo pipefail
 packages=(cmake ninja-build g++ pkg-config libswe-dev swe-basic-data swetest
-          googletest libgtest-dev qt6-base-dev qt6-svg-dev libgl-dev
+          googletest libgtest-dev qt6-base-dev qt6-base-private-dev qt6-svg-dev libgl-dev
           fonts-liberation2 fonts-dejavu-core xauth xvfb openbox x11-utils python3 clang-format
           libhowardhinnant-date-dev tzdata libbenchmark-dev valgrind clang libclang-rt-14-dev
           llvm)

@@ -6,7 +6,8 @@
 // The same executable is the program started: `--start kaltrova` builds the
 // program's windows as the desktop program does (with the title window not
 // waiting for Continue) and quits once the main window is shown; `--start
-// label` shows a QLabel and quits.
+// label` shows a QLabel and quits. `--start kaltrova --shots DIR` also
+// saves the windows it shows (and the data window) as PNGs in DIR.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -28,6 +29,8 @@
 namespace {
 
 std::string self;
+// With --shots DIR, the windows shown at start-up are saved there as PNGs.
+std::string shots;
 
 int StartLabel(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -48,6 +51,14 @@ int StartKaltrova(int argc, char** argv) {
     choices.waitForTitle = false;
     main.Form_Load(KALTROVA_APPDIR, choices);
     if (!main.isVisible()) return 1;
+    if (!shots.empty()) {
+        // The help text of the main menu brings up the data window.
+        main.mnuMainMenuHelp_Click();
+        QApplication::processEvents();
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible() && !w->objectName().isEmpty())
+                w->grab().save(QString::fromStdString(shots) + "/" + w->objectName() + ".png");
+    }
     QTimer::singleShot(0, &app, &QApplication::quit);
     return app.exec();
 }
@@ -64,6 +75,10 @@ void Start(benchmark::State& state, const char* what) {
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc == 5 && std::strcmp(argv[3], "--shots") == 0) {
+        shots = argv[4];
+        argc = 3;
+    }
     if (argc == 3 && std::strcmp(argv[1], "--start") == 0) {
         if (std::strcmp(argv[2], "label") == 0) return StartLabel(argc, argv);
         if (std::strcmp(argv[2], "kaltrova") == 0) return StartKaltrova(argc, argv);

@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
+#include <qpa/qplatformfontdatabase.h>
 
 #include <algorithm>
 #include <ctime>
@@ -27,9 +28,29 @@ namespace kal::ui {
 namespace {
 
 // Courier New and MS Sans Serif are met by free fonts of the same metrics.
+struct StandIn {
+    const char* face;      // as the windows and the settings name it
+    const char* installed; // the free face drawn for it
+};
+constexpr StandIn kStandIns[] = {{"Courier New", "Liberation Mono"},
+                                 {"MS Sans Serif", "Liberation Sans"}};
+
 void InstallFontSubstitutions() {
-    QFont::insertSubstitution("Courier New", "Liberation Mono");
-    QFont::insertSubstitution("MS Sans Serif", "Liberation Sans");
+    for (const StandIn& s : kStandIns) QFont::insertSubstitution(s.face, s.installed);
+}
+
+// Makes each missing face another name of its stand-in in Qt's font
+// database, once at start-up. A substitution alone is tried only after the
+// face itself was not found, and that miss runs fontconfig's fallback search
+// over every installed font for each new style of the face. The alias finds
+// the same face at once. A face that is installed keeps its own fonts.
+void AliasMissingFaces() {
+    const QStringList families = QFontDatabase::families();
+    for (const StandIn& s : kStandIns) {
+        if (!families.contains(s.face, Qt::CaseInsensitive) &&
+            families.contains(s.installed, Qt::CaseInsensitive))
+            QPlatformFontDatabase::registerAliasToFontFamily(s.installed, s.face);
+    }
 }
 
 bool CanOpen(const std::filesystem::path& file) {
@@ -205,6 +226,7 @@ void Kaltrova::Form_Load(const std::filesystem::path& appPath, const StartupChoi
     // paths and the house system at their start values.
     s.Open(appPath, choices.shippedDir);
     registerFonts();
+    AliasMissingFaces();
     d.TitlePrefix = BuildTitlePrefix();
 
     {
