@@ -285,15 +285,15 @@ TEST(CliWheel, BatchNamesEachFileAndBadArgumentsAreRefused) {
         EXPECT_EQ(RunShell(Cli(dir.path(), args + " 2>/dev/null")).status, 64) << args;
 }
 
-TEST(CliWheel, OnlyTheWheelLoadsQtAndItsModuleMustBeBesideTheProgram) {
+TEST(CliModules, TheWheelAndTheAtlasNeedTheirModulesBesideTheProgram) {
     // The program names no Qt library: the listings start without it.
     auto dynamic = RunShell("readelf -d " + ShellQuote(KALTROVA_CLI));
     ASSERT_EQ(dynamic.status, 0);
     ASSERT_NE(dynamic.out.find("libswe"), std::string::npos);
     EXPECT_EQ(dynamic.out.find("Qt"), std::string::npos) << dynamic.out;
 
-    // A copy without the wheel module beside it: the pages as ever, the
-    // wheel refused with the module's name and nothing drawn.
+    // A copy without the modules beside it: the pages as ever, the wheel
+    // and the atlas refused with the module's name and nothing drawn.
     kal::test::TempFolder bin;
     const auto cli = bin.path() / "kaltrova-cli";
     std::filesystem::copy_file(KALTROVA_CLI, cli);
@@ -309,6 +309,10 @@ TEST(CliWheel, OnlyTheWheelLoadsQtAndItsModuleMustBeBesideTheProgram) {
     EXPECT_NE(wheel.out.find("needs kaltrova-cli-wheel.so beside the program"), std::string::npos)
         << wheel.out;
     EXPECT_FALSE(std::filesystem::exists(png));
+    auto atlas = RunShell(run + "atlas --place Paris --date 2000-01-01 --time 12:00 2>&1");
+    EXPECT_EQ(atlas.status, 69);
+    EXPECT_NE(atlas.out.find("needs kaltrova-cli-atlas.so beside the program"), std::string::npos)
+        << atlas.out;
 }
 
 namespace {

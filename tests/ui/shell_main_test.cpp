@@ -1,6 +1,7 @@
 // The main window: start-up, the menu table, the chart-dependent items,
 // house-system toggles, the settings file written at the end and window
 // places kept on a screen.
+#include <QFontInfo>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QtTest>
@@ -86,6 +87,22 @@ class MainWindowTest : public QObject {
         QRegularExpression clock(
             R"(^Kaltrova \(Tropical zodiac\) - \d\d [A-Z][a-z]{2} \d{4}     \d{1,2}:\d\d:\d\d( [AP]M)?$)");
         QVERIFY2(clock.match(p.main->windowTitle()).hasMatch(), qPrintable(p.main->windowTitle()));
+    }
+
+    void missingWindowsFacesAreDrawnInTheirStandIns() {
+        StartedProgram p;
+        // Whatever style and size is asked for, as the menus, the data
+        // window and the editors ask for them.
+        for (int size : {8, 10, 36}) {
+            for (bool bold : {false, true}) {
+                QFont sans("MS Sans Serif", size, bold ? QFont::Bold : QFont::Normal);
+                QFont courier("Courier New", size, bold ? QFont::Bold : QFont::Normal);
+                courier.setStyleHint(QFont::TypeWriter);
+                QCOMPARE(QFontInfo(sans).family(), QString("Liberation Sans"));
+                QCOMPARE(QFontInfo(courier).family(), QString("Liberation Mono"));
+                QCOMPARE(QFontInfo(sans).bold(), bold);
+            }
+        }
     }
 
     void calculationEnablesChartItemsAndListingsShowPages() {
