@@ -24,12 +24,12 @@
 #include "birthdata/NamesFile.h"
 #include "birthdata/Record.h"
 #include "cli/AtlasModule.h"
+#include "cli/WheelModule.h"
 #include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/Startup.h"
 
 #ifdef KALTROVA_WHEEL_EXPORT
-#include "cli/WheelModule.h"
 #include "wheel/WheelTables.h"
 #endif
 
