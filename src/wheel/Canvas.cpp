@@ -1,8 +1,7 @@
 #include "wheel/Canvas.h"
 
-#include <array>
-
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace kal {
@@ -14,6 +13,21 @@ double Box::nearestToCentre() const {
 double Box::farthestFromCentre() const {
     return std::hypot(std::max(std::fabs(left), std::fabs(right)),
                       std::max(std::fabs(top), std::fabs(bottom)));
+}
+
+bool Box::crossedBy(double x1, double y1, double x2, double y2, double margin) const {
+    // Clip the segment's parameter range [0, 1] to each pair of sides.
+    double lo = 0, hi = 1;
+    auto clip = [&](double from, double delta, double min, double max) {
+        if (delta == 0) return from > min && from < max;
+        double a = (min - from) / delta, b = (max - from) / delta;
+        if (a > b) std::swap(a, b);
+        lo = std::max(lo, a);
+        hi = std::min(hi, b);
+        return lo < hi;
+    };
+    return clip(x1, x2 - x1, left + margin, right - margin) &&
+           clip(y1, y2 - y1, bottom + margin, top - margin);
 }
 
 Rgb PaletteColour(int n) {

@@ -78,6 +78,9 @@ struct Box {
     // Distances of its nearest and farthest points from the wheel's centre.
     double nearestToCentre() const;
     double farthestFromCentre() const;
+    // Whether the segment from (x1, y1) to (x2, y2) runs through the box
+    // shrunk by `margin` on every side (grown when negative).
+    bool crossedBy(double x1, double y1, double x2, double y2, double margin = 0) const;
 };
 
 // The mark of a text drawn at (x, y): across its advance, from the top of

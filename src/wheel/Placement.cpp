@@ -60,7 +60,7 @@ bool ColumnReadsOutwardFirst(double theta, ChartStyle type, int house, float opt
 
 std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
                                     const std::array<double, 13>& houseWidth,
-                                    const WheelTables& tables) {
+                                    const WheelTables& tables, const CrossedByHouseLine& crossed) {
     std::vector<int> order = SortedBodies(w);
     std::array<int, 13> count{};
     for (int b : order) {
@@ -70,6 +70,7 @@ std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
     std::array<bool, SlotMapSize> taken{};
     std::vector<GlyphPlace> places;
 
+    const auto lineAngles = HouseLineAngles(w, type);
     int previousHouse = 0;
     int k = 0;
     double P = -100; // the previous European glyph angle
@@ -150,10 +151,33 @@ std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
                 theta = Norm360(theta + 1);
             P = theta;
         }
-        g.theta = theta;
-        size_t at = static_cast<size_t>(std::clamp(std::nearbyint(theta), 0.0, 360.0));
-        g.radius = tables.GlyphRadius[at];
-        g.glyphAngle = GlyphLineAngle(theta);
+        auto placeAt = [&](double t) {
+            g.theta = t;
+            size_t at = static_cast<size_t>(std::clamp(std::nearbyint(t), 0.0, 360.0));
+            g.radius = tables.GlyphRadius[at];
+        };
+        placeAt(theta);
+        if (crossed && crossed(g)) {
+            // Into the house, away from its cusp line; back from the next
+            // cusp's line when the glyph stands just before it. The other
+            // way only when that way finds no clear place.
+            int next = g.house == 12 ? 1 : g.house + 1;
+            double ahead = Norm360(lineAngles[static_cast<size_t>(next)] - theta);
+            double first = ahead < 6 ? -1 : 1;
+            bool clear = false;
+            for (double dir : {first, -first}) {
+                for (int n = 1; n <= 32 && !clear; ++n) {
+                    double t = Norm360(theta + dir * 0.25 * n);
+                    if (TooNear(places, t)) break;
+                    placeAt(t);
+                    clear = !crossed(g);
+                }
+                if (clear) break;
+            }
+            if (!clear) placeAt(theta);
+            if (type == ChartStyle::European) P = g.theta;
+        }
+        g.glyphAngle = GlyphLineAngle(g.theta);
         places.push_back(g);
         ++k;
     }

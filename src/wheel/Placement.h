@@ -7,6 +7,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <vector>
 
 #include "wheel/WheelGeometry.h"
@@ -36,11 +37,20 @@ struct GlyphPlace {
 // house that spans 0 degrees Aries is walked in one run.
 std::vector<int> SortedBodies(const WheelChart& w);
 
+// Whether a house line would run through the glyph or label column of a
+// body placed so.
+using CrossedByHouseLine = std::function<bool(const GlyphPlace&)>;
+
 // Places every body but the Ascendant, in the order the glyphs are drawn
-// (increasing longitude from the start of the rotated table).
+// (increasing longitude from the start of the rotated table). With
+// `crossed` given, a glyph whose column a house line would run through is
+// moved on, a quarter degree at a time, into its own house (back from the
+// next house's line when it stands just before it) until the line passes
+// clear, keeping 4 degrees from the glyphs already placed.
 std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
                                     const std::array<double, 13>& houseWidth,
-                                    const WheelTables& tables);
+                                    const WheelTables& tables,
+                                    const CrossedByHouseLine& crossed = {});
 
 // The glyph angle kept for the aspect lines: θ corrected by range for the
 // glyph's box hanging right of and below its print position.

@@ -4,8 +4,10 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <numeric>
 
 #include "wheel/Glyphs.h"
+#include "wheel/RecordingCanvas.h"
 
 namespace kal {
 
@@ -180,6 +182,72 @@ int WheelLineAspect(double a, double b, const OrbTable& orbs, bool fixedWindows,
         if (within(165, 17)) code = 17;
     }
     return code;
+}
+
+std::vector<std::pair<double, double>> PlaceAspectSymbols(const std::vector<AspectLine>& lines,
+                                                          const std::vector<Box>& ink,
+                                                          double radius) {
+    constexpr double Gap = 1;     // kept between two symbols' ink
+    constexpr double Slide = 0.5; // the step along a line
+    auto length = [&](size_t i) {
+        return std::hypot(lines[i].x2 - lines[i].x1, lines[i].y2 - lines[i].y1);
+    };
+    std::vector<size_t> order(lines.size());
+    std::iota(order.begin(), order.end(), size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&](size_t a, size_t b) { return length(a) < length(b); });
+
+    std::vector<std::pair<double, double>> spots(lines.size());
+    std::vector<Box> placed;
+    auto inkAt = [&](size_t i, double x, double y) {
+        return Box{ink[i].left + x, ink[i].bottom + y, ink[i].right + x, ink[i].top + y};
+    };
+    auto free = [&](const Box& b) {
+        if (b.farthestFromCentre() > radius) return false;
+        for (const Box& p : placed)
+            if (b.intersects(p, -Gap)) return false;
+        return true;
+    };
+    for (size_t i : order) {
+        const AspectLine& l = lines[i];
+        const double len = length(i);
+        const double ux = len > 0 ? (l.x2 - l.x1) / len : 1;
+        const double uy = len > 0 ? (l.y2 - l.y1) / len : 0;
+        const double mx = (l.x1 + l.x2) / 2, my = (l.y1 + l.y2) / 2;
+        // Beside the line: the symbol's half extent across it, and the gap.
+        const double across =
+            (std::fabs(uy) * ink[i].width() + std::fabs(ux) * ink[i].height()) / 2 + Gap;
+        spots[i] = {mx, my};
+        bool found = false;
+        for (double side : {0.0, 1.0, -1.0}) {
+            for (double s = 0; s <= len / 2 && !found; s += Slide) {
+                for (double sign : {1.0, -1.0}) {
+                    double x = mx + sign * s * ux - side * across * uy;
+                    double y = my + sign * s * uy + side * across * ux;
+                    if (free(inkAt(i, x, y))) {
+                        spots[i] = {x, y};
+                        found = true;
+                        break;
+                    }
+                    if (s == 0) break;
+                }
+            }
+            if (found) break;
+        }
+        // A line too short to hold its symbol inside the circle (bodies far
+        // apart in longitude whose slots lie close together): the symbol
+        // moves in from the line's middle towards the centre.
+        const double mr = std::hypot(mx, my);
+        for (double s = Slide; !found && mr > 0 && s < mr; s += Slide) {
+            double x = mx - s * mx / mr, y = my - s * my / mr;
+            if (free(inkAt(i, x, y))) {
+                spots[i] = {x, y};
+                found = true;
+            }
+        }
+        placed.push_back(inkAt(i, spots[i].first, spots[i].second));
+    }
+    return spots;
 }
 
 int AspectLineColour(int code, const WheelOptions& o, bool printFormMode) {
@@ -443,21 +511,40 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
 
     layout.steps = MeasureSteps(canvas, o);
 
-    // Planet glyphs and their label columns.
-    layout.places = PlaceGlyphs(w, type, layout.HouseWidth, in.tables);
-    for (const GlyphPlace& g : layout.places) {
+    // Planet glyphs and their label columns, which the house lines pass by.
+    auto drawColumn = [&](Canvas& on, const GlyphPlace& g) {
         bool retro = g.body <= 10 && static_cast<size_t>(g.body) <= w.SavedRetro.size() &&
                      w.SavedRetro[static_cast<size_t>(g.body - 1)] == 'R';
-        DrawLabelColumn(canvas, o, layout.steps, g, w.WheelLong[static_cast<size_t>(g.body)],
+        DrawLabelColumn(on, o, layout.steps, g, w.WheelLong[static_cast<size_t>(g.body)],
                         WheelBodyGlyph(g.body, opt[15]), retro,
                         ColumnReadsOutwardFirst(g.theta, type, g.house, opt[28]));
-    }
+    };
+    constexpr double LineClearance = 1.5; // units between a house line and any ink
+    auto crossed = [&](const GlyphPlace& g) {
+        RecordingCanvas column; // measures the ink with the fonts' recorded metrics
+        drawColumn(column, g);
+        for (const DrawCall* t : column.texts()) {
+            Box ink = InkBox(*t);
+            if (ink.empty()) continue;
+            for (int h = 1; h <= 12; ++h) {
+                double a = angles[static_cast<size_t>(h)] * Rad;
+                if (ink.crossedBy(InnerRadius * std::cos(a), InnerRadius * k * std::sin(a),
+                                  OuterRadius * std::cos(a), OuterRadius * k * std::sin(a),
+                                  -LineClearance))
+                    return true;
+            }
+        }
+        return false;
+    };
+    layout.places = PlaceGlyphs(w, type, layout.HouseWidth, in.tables, crossed);
+    for (const GlyphPlace& g : layout.places) drawColumn(canvas, g);
 
     // Aspect lines across the inner circle, each with its symbol at the
-    // middle.
+    // middle or slid along it to a free spot; the symbols go on top.
     if (opt[47] == 1) {
         const double ka = AspectLineFactor(view.medium);
         const Font symbolFont{Face::Glyph, o.aspectSize};
+        std::vector<Rgb> colours;
         for (size_t i = 0; i < layout.places.size(); ++i) {
             for (size_t j = i + 1; j < layout.places.size(); ++j) {
                 const GlyphPlace& a = layout.places[i];
@@ -473,14 +560,30 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
                              InnerRadius * ka * std::sin(a.glyphAngle * Rad),
                              InnerRadius * std::cos(b.glyphAngle * Rad),
                              InnerRadius * ka * std::sin(b.glyphAngle * Rad)};
-                Rgb colour = PaletteColour(AspectLineColour(code, o, printForm));
-                canvas.line(l.x1, l.y1, l.x2, l.y2, colour);
-                std::string symbol = GlyphText(AspectGlyph(code));
-                TextSize t = canvas.measure(symbol, symbolFont);
-                canvas.text((l.x1 + l.x2) / 2 - t.width / 2, (l.y1 + l.y2) / 2 + t.height / 2,
-                            symbol, symbolFont, colour);
+                colours.push_back(PaletteColour(AspectLineColour(code, o, printForm)));
+                canvas.line(l.x1, l.y1, l.x2, l.y2, colours.back());
                 layout.lines.push_back(l);
             }
+        }
+        // A symbol's text is placed by the top-left corner of its line box,
+        // the box centred on the symbol's spot.
+        std::vector<std::string> symbols;
+        std::vector<std::pair<double, double>> corner;
+        std::vector<Box> ink;
+        for (const AspectLine& l : layout.lines) {
+            symbols.push_back(GlyphText(AspectGlyph(l.code)));
+            TextSize t = canvas.measure(symbols.back(), symbolFont);
+            corner.push_back({-t.width / 2, t.height / 2});
+            ink.push_back(
+                InkBox(corner.back().first, corner.back().second, symbols.back(), symbolFont));
+        }
+        auto spots = PlaceAspectSymbols(layout.lines, ink, InnerRadius - 2);
+        for (size_t i = 0; i < spots.size(); ++i) {
+            auto [x, y] = spots[i];
+            layout.lines[i].symbolX = x;
+            layout.lines[i].symbolY = y;
+            canvas.text(x + corner[i].first, y + corner[i].second, symbols[i], symbolFont,
+                        colours[i]);
         }
     }
 

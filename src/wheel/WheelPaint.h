@@ -50,11 +50,13 @@ struct LabelSteps {
     int GlyphStepX = 0, GlyphStepY = 0, DigitStepX = 0, DigitStepY = 0;
 };
 
-// A line drawn between two glyph angles, with its aspect code.
+// A line drawn between two glyph angles, with its aspect code and the
+// centre of its symbol.
 struct AspectLine {
     int bodyA = 0, bodyB = 0;
     int code = 0;
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    double symbolX = 0, symbolY = 0;
 };
 
 // What a paint computed: tests and the window read it.
@@ -106,6 +108,18 @@ void PaintAspectGrid(Canvas& canvas, const WheelView& view, const WheelPaintInpu
 // or with fixed 3-degree windows. The last matching test wins.
 int WheelLineAspect(double a, double b, const OrbTable& wheelOrbs, bool fixedWindows,
                     bool displaySextiles);
+
+// Where the aspect symbols go: the centre of each line's symbol, given the
+// symbol's ink box about that centre. A symbol sits on its line's middle
+// when that spot is free; otherwise it slides along its own line to the
+// nearest spot where its ink keeps clear of the symbols already placed and
+// stays inside a circle of `radius` (the glyph columns lie outside the inner
+// circle), and failing that it sits just beside its line; a line too short
+// for that has its symbol moved in towards the centre. Short lines, with the
+// least room, are placed first.
+std::vector<std::pair<double, double>> PlaceAspectSymbols(const std::vector<AspectLine>& lines,
+                                                          const std::vector<Box>& inkAboutCentre,
+                                                          double radius);
 
 // The palette colour of an aspect line.
 int AspectLineColour(int code, const WheelOptions& o, bool printFormMode);

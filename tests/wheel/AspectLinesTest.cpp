@@ -98,3 +98,41 @@ TEST(AspectLines, DrawnBetweenTheKeptGlyphAnglesWithSymbolsAtTheMiddle) {
     }
     EXPECT_EQ(symbols, 1);
 }
+
+TEST(AspectLines, SymbolsKeepToTheirLinesAndClearOfEachOther) {
+    // Two oppositions crossing at the centre, and a stellium of five bodies
+    // each square to one body: midpoints that fall together.
+    WheelChart cross = EqualHouseWheel(0, {{Sun, 10}, {Moon, 190}, {Mars, 100}, {Venus, 280}});
+    WheelChart stellium = EqualHouseWheel(
+        0, {{Sun, 100}, {Mercury, 102}, {Venus, 104}, {Mars, 106}, {Jupiter, 108}, {Saturn, 195}});
+    Options opt;
+    opt[47] = 1;
+    opt[77] = 9;
+    WheelTables t;
+    for (const WheelChart& w : {cross, stellium}) {
+        for (ChartStyle type : {ChartStyle::American, ChartStyle::European}) {
+            RecordingCanvas c;
+            WheelStyle style;
+            style.type = type;
+            WheelLayout l = PaintWheel(c, WindowView(500, 450), {w, style, opt, Orbs(), t});
+            ASSERT_GE(l.lines.size(), 2u);
+            std::vector<const DrawCall*> symbols;
+            for (const DrawCall* d : c.texts())
+                if (d->font == Font{Face::Glyph, 9}) symbols.push_back(d);
+            ASSERT_EQ(symbols.size(), l.lines.size());
+            EXPECT_TRUE(FindOverlaps(symbols).empty());
+            int atMiddle = 0;
+            for (const AspectLine& a : l.lines) {
+                // On its line, or at most a symbol's height beside it.
+                double dx = a.x2 - a.x1, dy = a.y2 - a.y1;
+                double off = std::fabs((a.symbolX - a.x1) * dy - (a.symbolY - a.y1) * dx) /
+                             std::hypot(dx, dy);
+                EXPECT_LT(off, 9.0) << a.bodyA << "-" << a.bodyB;
+                EXPECT_LT(std::hypot(a.symbolX, a.symbolY), InnerRadius);
+                if (std::hypot(a.symbolX - (a.x1 + a.x2) / 2, a.symbolY - (a.y1 + a.y2) / 2) < 1e-9)
+                    ++atMiddle;
+            }
+            EXPECT_GE(atMiddle, 1);
+        }
+    }
+}

@@ -127,6 +127,33 @@ TEST(Placement, EuropeanGlyphsStopShortOfTheNextCusp) {
     EXPECT_DOUBLE_EQ(Of(p, Mercury).theta - Of(p, Moon).theta, 4);
 }
 
+TEST(Placement, GlyphsMoveOffTheHouseLinesIntoTheirHouse) {
+    // The Sun on the 4th cusp, the Moon a degree before the 5th; a column
+    // here reaches 3 degrees either side of its glyph's angle.
+    WheelChart w = EqualHouseWheel(0, {{Sun, 90}, {Moon, 119}});
+    for (ChartStyle type : {ChartStyle::American, ChartStyle::European}) {
+        const auto lines = HouseLineAngles(w, type);
+        auto crossed = [&](const GlyphPlace& g) {
+            for (int h = 1; h <= 12; ++h) {
+                double d = std::fabs(g.theta - lines[static_cast<size_t>(h)]);
+                if (std::min(d, 360 - d) < 3) return true;
+            }
+            return false;
+        };
+        WheelTables t;
+        auto plain = PlaceGlyphs(w, type, HouseWidths(w), t);
+        auto moved = PlaceGlyphs(w, type, HouseWidths(w), t, crossed);
+        for (const GlyphPlace& g : moved) EXPECT_FALSE(crossed(g)) << g.body;
+        EXPECT_GT(Of(moved, Sun).theta, Of(plain, Sun).theta);
+        if (type == ChartStyle::European) {
+            EXPECT_DOUBLE_EQ(Of(moved, Sun).theta, 273);
+            EXPECT_DOUBLE_EQ(Of(moved, Moon).theta, 297); // back from the 5th cusp at 300
+        }
+        // The glyph angle follows the glyph.
+        EXPECT_DOUBLE_EQ(Of(moved, Sun).glyphAngle, GlyphLineAngle(Of(moved, Sun).theta));
+    }
+}
+
 TEST(Placement, GlyphAnglesForTheAspectLines) {
     const std::pair<double, double> cases[] = {{10, 10},   {45, 44},   {95, 94},   {95.5, 93.5},
                                                {140, 139}, {160, 160}, {180, 182}, {230, 233},
