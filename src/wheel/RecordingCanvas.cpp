@@ -137,4 +137,18 @@ std::vector<Overlap> FindOverlaps(const std::vector<const DrawCall*>& texts, dou
     return found;
 }
 
+std::vector<Overlap> FindCrossings(const std::vector<const DrawCall*>& lines,
+                                   const std::vector<const DrawCall*>& texts, double margin) {
+    std::vector<Overlap> found;
+    for (size_t j = 0; j < texts.size(); ++j) {
+        Box ink = InkBox(*texts[j]);
+        if (ink.empty()) continue;
+        for (size_t i = 0; i < lines.size(); ++i) {
+            const DrawCall& l = *lines[i];
+            if (ink.crossedBy(l.x1, l.y1, l.x2, l.y2, margin)) found.push_back({i, j});
+        }
+    }
+    return found;
+}
+
 } // namespace kal

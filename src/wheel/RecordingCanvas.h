@@ -47,4 +47,9 @@ struct Overlap {
 };
 std::vector<Overlap> FindOverlaps(const std::vector<const DrawCall*>& texts, double margin = 0);
 
+// Pairs of a line call (index a) and a text call (index b) whose ink box,
+// shrunk by `margin` units, the line runs through.
+std::vector<Overlap> FindCrossings(const std::vector<const DrawCall*>& lines,
+                                   const std::vector<const DrawCall*>& texts, double margin = 0);
+
 } // namespace kal

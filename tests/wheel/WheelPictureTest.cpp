@@ -1,12 +1,15 @@
 // The drawn wheel as a whole, on the recording canvas with the real fonts'
-// metrics: no ink of a glyph or label overlaps another's, every label
-// column stays between the circles and the cusp labels outside them, for
-// many real charts in both styles.
+// metrics: no ink of a glyph, label or aspect symbol overlaps another's, no
+// house line runs through a glyph or label, every label column stays
+// between the circles and the cusp labels outside them, for many real and
+// random charts in both styles.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <random>
 #include <sstream>
 
 #include "WheelFixture.h"
@@ -69,36 +72,78 @@ class WheelPicture : public ::testing::TestWithParam<char> {
 };
 WheelCharts* WheelPicture::charts = nullptr;
 
-TEST_P(WheelPicture, NoInkOverlapsAndColumnsStayInTheRing) {
-    Options options = charts->s.options;
-    options[47] = 0; // aspect symbols cross at the centre by design
-    for (const std::string& record : Records()) {
-        WheelChart chart = charts->Chart(record, GetParam());
-        chart.HeaderLines = {};
-        for (ChartStyle type : {ChartStyle::American, ChartStyle::European}) {
-            WheelStyle style;
-            style.type = type;
-            PaintedWheel p = Paint(chart, style, options, charts->orbs(), charts->tables);
-            auto texts = p.canvas.texts();
+// Paints a chart in both styles with its aspect lines and reports every
+// pair of ink boxes that overlap (glyphs, labels, aspect symbols), every
+// house line running through a glyph or label, and every label column
+// reaching past either circle.
+void CheckPicture(WheelCharts& charts, const std::string& record, char houses) {
+    Options options = charts.s.options;
+    options[47] = 1;
+    WheelChart chart = charts.Chart(record, houses);
+    ASSERT_NE(chart.House[Sun], 0) << record << " (" << houses << ") was not calculated";
+    chart.HeaderLines = {};
+    for (ChartStyle type : {ChartStyle::American, ChartStyle::European}) {
+        const std::string where = record + " (" + houses + ", " +
+                                  (type == ChartStyle::American ? "American" : "European") + "): ";
+        WheelStyle style;
+        style.type = type;
+        PaintedWheel p = Paint(chart, style, options, charts.orbs(), charts.tables);
+        for (const WheelView& view : {WindowView(480, 450), PrinterView(type)}) {
+            RecordingCanvas c;
+            PaintWheel(c, view, {chart, style, options, charts.orbs(), charts.tables});
+            auto texts = c.texts();
             for (const Overlap& o : FindOverlaps(texts, 0.05))
-                ADD_FAILURE() << record << " (" << GetParam() << ", "
-                              << (type == ChartStyle::American ? "American" : "European")
-                              << "): " << Describe(*texts[o.a]) << " overlaps "
+                ADD_FAILURE() << where << Describe(*texts[o.a]) << " overlaps "
                               << Describe(*texts[o.b]);
+            // The house lines: from the inner circle out to the outer one.
+            std::vector<const DrawCall*> houseLines;
+            for (const DrawCall& l : c.calls())
+                if (l.kind == DrawCall::Line &&
+                    std::fabs(l.x1 * OuterRadius - l.x2 * InnerRadius) < 1e-6 &&
+                    std::fabs(l.y1 * OuterRadius - l.y2 * InnerRadius) < 1e-6)
+                    houseLines.push_back(&l);
+            EXPECT_EQ(houseLines.size(), 12u);
+            for (const Overlap& o : FindCrossings(houseLines, texts, -1))
+                ADD_FAILURE() << where << "a house line crosses " << Describe(*texts[o.b]);
+        }
 
-            const WheelOptions o = WheelOptions::For(Medium::Window, options, false);
-            for (const GlyphPlace& g : p.layout.places) {
-                RecordingCanvas column;
-                DrawLabelColumn(column, o, p.layout.steps, g,
-                                chart.WheelLong[static_cast<size_t>(g.body)], BodyGlyph(g.body),
-                                true, ColumnReadsOutwardFirst(g.theta, type, g.house, options[28]));
-                for (const DrawCall* t : column.texts()) {
-                    Box ink = InkBox(*t);
-                    EXPECT_LE(Farthest(ink), OuterRadius) << record << " body " << g.body;
-                    EXPECT_GE(Nearest(ink), InnerRadius) << record << " body " << g.body;
-                }
+        const WheelOptions o = WheelOptions::For(Medium::Window, options, false);
+        for (const GlyphPlace& g : p.layout.places) {
+            RecordingCanvas column;
+            DrawLabelColumn(column, o, p.layout.steps, g,
+                            chart.WheelLong[static_cast<size_t>(g.body)], BodyGlyph(g.body), true,
+                            ColumnReadsOutwardFirst(g.theta, type, g.house, options[28]));
+            for (const DrawCall* t : column.texts()) {
+                Box ink = InkBox(*t);
+                EXPECT_LE(Farthest(ink), OuterRadius) << where << "body " << g.body;
+                EXPECT_GE(Nearest(ink), InnerRadius) << where << "body " << g.body;
             }
         }
+    }
+}
+
+TEST_P(WheelPicture, NoInkOverlapsAndColumnsStayInTheRing) {
+    for (const std::string& record : Records()) CheckPicture(*charts, record, GetParam());
+}
+
+// Births anywhere up to latitude 60 between 1900 and 2050, each in one of the
+// house systems in turn; the same seed gives the same charts.
+TEST(WheelPictureRandom, NoInkOverlapsInRandomCharts) {
+    WheelCharts charts;
+    std::mt19937 rng(20261123);
+    auto pick = [&](int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(rng); };
+    static const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    const std::string systems = "PRKCOBT";
+    for (int n = 0; n < 300; ++n) {
+        int lon = pick(0, 179), west = pick(0, 1) != 0 ? 1 : -1;
+        char line[128];
+        std::snprintf(line, sizeof line,
+                      "Random %d,%02d %s %d,%d.%02d,%c,%d,%s%03d.%02d,%s%02d.%02d,", n, pick(1, 28),
+                      months[pick(0, 11)], pick(1900, 2050), pick(1, 12), pick(0, 59),
+                      pick(0, 1) != 0 ? 'A' : 'P', west * ((lon + 7) / 15), west > 0 ? "" : "-",
+                      lon, pick(0, 59), pick(0, 1) != 0 ? "-" : "", pick(0, 59), pick(0, 59));
+        CheckPicture(charts, line, systems[static_cast<size_t>(n) % systems.size()]);
     }
 }
 
