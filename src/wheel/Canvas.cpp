@@ -15,10 +15,11 @@ double Box::farthestFromCentre() const {
                       std::max(std::fabs(top), std::fabs(bottom)));
 }
 
-bool Box::crossedBy(double x1, double y1, double x2, double y2, double margin) const {
+std::optional<std::pair<double, double>> Box::clip(double x1, double y1, double x2, double y2,
+                                                   double margin) const {
     // Clip the segment's parameter range [0, 1] to each pair of sides.
     double lo = 0, hi = 1;
-    auto clip = [&](double from, double delta, double min, double max) {
+    auto clipTo = [&](double from, double delta, double min, double max) {
         if (delta == 0) return from > min && from < max;
         double a = (min - from) / delta, b = (max - from) / delta;
         if (a > b) std::swap(a, b);
@@ -26,8 +27,10 @@ bool Box::crossedBy(double x1, double y1, double x2, double y2, double margin) c
         hi = std::min(hi, b);
         return lo < hi;
     };
-    return clip(x1, x2 - x1, left + margin, right - margin) &&
-           clip(y1, y2 - y1, bottom + margin, top - margin);
+    if (clipTo(x1, x2 - x1, left + margin, right - margin) &&
+        clipTo(y1, y2 - y1, bottom + margin, top - margin))
+        return std::pair{lo, hi};
+    return std::nullopt;
 }
 
 Rgb PaletteColour(int n) {

@@ -7,8 +7,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kal {
 
@@ -78,9 +80,14 @@ struct Box {
     // Distances of its nearest and farthest points from the wheel's centre.
     double nearestToCentre() const;
     double farthestFromCentre() const;
-    // Whether the segment from (x1, y1) to (x2, y2) runs through the box
-    // shrunk by `margin` on every side (grown when negative).
-    bool crossedBy(double x1, double y1, double x2, double y2, double margin = 0) const;
+    // The part of the segment from (x1, y1) to (x2, y2) that runs through
+    // the box shrunk by `margin` on every side (grown when negative), as the
+    // range of the segment's parameter (0 at its start, 1 at its end).
+    std::optional<std::pair<double, double>> clip(double x1, double y1, double x2, double y2,
+                                                  double margin = 0) const;
+    bool crossedBy(double x1, double y1, double x2, double y2, double margin = 0) const {
+        return clip(x1, y1, x2, y2, margin).has_value();
+    }
 };
 
 // The mark of a text drawn at (x, y): across its advance, from the top of

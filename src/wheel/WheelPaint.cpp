@@ -185,8 +185,8 @@ int WheelLineAspect(double a, double b, const OrbTable& orbs, bool fixedWindows,
 }
 
 std::vector<std::pair<double, double>> PlaceAspectSymbols(const std::vector<AspectLine>& lines,
-                                                          const std::vector<Box>& ink,
-                                                          double radius) {
+                                                          const std::vector<Box>& ink, double rx,
+                                                          double ry) {
     constexpr double Gap = 1;     // kept between two symbols' ink
     constexpr double Slide = 0.5; // the step along a line
     auto length = [&](size_t i) {
@@ -203,7 +203,9 @@ std::vector<std::pair<double, double>> PlaceAspectSymbols(const std::vector<Aspe
         return Box{ink[i].left + x, ink[i].bottom + y, ink[i].right + x, ink[i].top + y};
     };
     auto free = [&](const Box& b) {
-        if (b.farthestFromCentre() > radius) return false;
+        for (double x : {b.left, b.right})
+            for (double y : {b.bottom, b.top})
+                if ((x / rx) * (x / rx) + (y / ry) * (y / ry) > 1) return false;
         for (const Box& p : placed)
             if (b.intersects(p, -Gap)) return false;
         return true;
@@ -371,15 +373,69 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
 
     if (window) canvas.fill(PaletteColour(printForm ? White : Opt(opt, 100)));
 
-    // The frame: house lines and the two circles.
     const double k = HouseLineFactor(view.medium);
     const auto angles = HouseLineAngles(w, type);
+    auto lineEnds = [&](int h) {
+        double a = angles[static_cast<size_t>(h)] * Rad;
+        return std::array<double, 4>{InnerRadius * std::cos(a), InnerRadius * k * std::sin(a),
+                                     OuterRadius * std::cos(a), OuterRadius * k * std::sin(a)};
+    };
+    layout.HouseWidth = HouseWidths(w);
+    layout.steps = MeasureSteps(canvas, o);
+
+    // Where the planet glyphs go, with their label columns clear of the
+    // house lines where there is room.
+    auto drawColumn = [&](Canvas& on, const GlyphPlace& g) {
+        bool retro = g.body <= 10 && static_cast<size_t>(g.body) <= w.SavedRetro.size() &&
+                     w.SavedRetro[static_cast<size_t>(g.body - 1)] == 'R';
+        DrawLabelColumn(on, o, layout.steps, g, w.WheelLong[static_cast<size_t>(g.body)],
+                        WheelBodyGlyph(g.body, opt[15]), retro,
+                        ColumnReadsOutwardFirst(g.theta, type, g.house, opt[28]));
+    };
+    constexpr double LineClearance = 1.5; // units between a house line and any ink
+    auto columnInk = [&](const GlyphPlace& g) {
+        RecordingCanvas column; // measures the ink with the fonts' recorded metrics
+        drawColumn(column, g);
+        std::vector<Box> ink;
+        for (const DrawCall* t : column.texts())
+            if (Box b = InkBox(*t); !b.empty()) ink.push_back(b);
+        return ink;
+    };
+    auto crossed = [&](const GlyphPlace& g) {
+        for (const Box& b : columnInk(g))
+            for (int h = 1; h <= 12; ++h) {
+                auto [x1, y1, x2, y2] = lineEnds(h);
+                if (b.crossedBy(x1, y1, x2, y2, -LineClearance)) return true;
+            }
+        return false;
+    };
+    layout.places = PlaceGlyphs(w, type, layout.HouseWidth, in.tables, crossed);
+
+    // The frame: house lines and the two circles. Where glyphs crowd a house
+    // line so that no place beside it was left, the line stops short of the
+    // column and goes on past it.
+    std::vector<Box> columns;
+    for (const GlyphPlace& g : layout.places)
+        if (crossed(g))
+            for (const Box& b : columnInk(g)) columns.push_back(b);
     auto houseLines = [&] {
         for (int h = 1; h <= 12; ++h) {
-            double a = angles[static_cast<size_t>(h)] * Rad;
-            canvas.line(InnerRadius * std::cos(a), InnerRadius * k * std::sin(a),
-                        OuterRadius * std::cos(a), OuterRadius * k * std::sin(a),
-                        PaletteColour(o.houseLineColour));
+            auto [x1, y1, x2, y2] = lineEnds(h);
+            std::vector<std::pair<double, double>> gaps;
+            for (const Box& b : columns)
+                if (auto t = b.clip(x1, y1, x2, y2, -LineClearance)) gaps.push_back(*t);
+            std::sort(gaps.begin(), gaps.end());
+            double from = 0;
+            auto piece = [&](double to) {
+                if (to > from)
+                    canvas.line(x1 + (x2 - x1) * from, y1 + (y2 - y1) * from, x1 + (x2 - x1) * to,
+                                y1 + (y2 - y1) * to, PaletteColour(o.houseLineColour));
+            };
+            for (auto [lo, hi] : gaps) {
+                piece(lo);
+                from = std::max(from, hi);
+            }
+            piece(1);
         }
     };
     auto circles = [&] {
@@ -393,8 +449,6 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
         circles();
         houseLines();
     }
-
-    layout.HouseWidth = HouseWidths(w);
 
     // The intercepted signs' places, which the European cusp labels keep
     // clear of.
@@ -509,34 +563,7 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
                     GlyphText(SignGlyph(layout.intercepted[k].sign)), cuspSign,
                     PaletteColour(o.cuspSignColour));
 
-    layout.steps = MeasureSteps(canvas, o);
-
-    // Planet glyphs and their label columns, which the house lines pass by.
-    auto drawColumn = [&](Canvas& on, const GlyphPlace& g) {
-        bool retro = g.body <= 10 && static_cast<size_t>(g.body) <= w.SavedRetro.size() &&
-                     w.SavedRetro[static_cast<size_t>(g.body - 1)] == 'R';
-        DrawLabelColumn(on, o, layout.steps, g, w.WheelLong[static_cast<size_t>(g.body)],
-                        WheelBodyGlyph(g.body, opt[15]), retro,
-                        ColumnReadsOutwardFirst(g.theta, type, g.house, opt[28]));
-    };
-    constexpr double LineClearance = 1.5; // units between a house line and any ink
-    auto crossed = [&](const GlyphPlace& g) {
-        RecordingCanvas column; // measures the ink with the fonts' recorded metrics
-        drawColumn(column, g);
-        for (const DrawCall* t : column.texts()) {
-            Box ink = InkBox(*t);
-            if (ink.empty()) continue;
-            for (int h = 1; h <= 12; ++h) {
-                double a = angles[static_cast<size_t>(h)] * Rad;
-                if (ink.crossedBy(InnerRadius * std::cos(a), InnerRadius * k * std::sin(a),
-                                  OuterRadius * std::cos(a), OuterRadius * k * std::sin(a),
-                                  -LineClearance))
-                    return true;
-            }
-        }
-        return false;
-    };
-    layout.places = PlaceGlyphs(w, type, layout.HouseWidth, in.tables, crossed);
+    // The planet glyphs and their columns.
     for (const GlyphPlace& g : layout.places) drawColumn(canvas, g);
 
     // Aspect lines across the inner circle, each with its symbol at the
@@ -577,7 +604,7 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
             ink.push_back(
                 InkBox(corner.back().first, corner.back().second, symbols.back(), symbolFont));
         }
-        auto spots = PlaceAspectSymbols(layout.lines, ink, InnerRadius - 2);
+        auto spots = PlaceAspectSymbols(layout.lines, ink, InnerRadius - 2, InnerRadius * k - 2);
         for (size_t i = 0; i < spots.size(); ++i) {
             auto [x, y] = spots[i];
             layout.lines[i].symbolX = x;

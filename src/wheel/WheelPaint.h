@@ -113,13 +113,14 @@ int WheelLineAspect(double a, double b, const OrbTable& wheelOrbs, bool fixedWin
 // symbol's ink box about that centre. A symbol sits on its line's middle
 // when that spot is free; otherwise it slides along its own line to the
 // nearest spot where its ink keeps clear of the symbols already placed and
-// stays inside a circle of `radius` (the glyph columns lie outside the inner
-// circle), and failing that it sits just beside its line; a line too short
-// for that has its symbol moved in towards the centre. Short lines, with the
-// least room, are placed first.
+// stays inside the ellipse of semi-axes `rx`, `ry` (within the inner circle
+// and the house lines' inner ends, so clear of the glyph columns), and
+// failing that it sits just beside its line; a line too short for that has
+// its symbol moved in towards the centre. Short lines, with the least room,
+// are placed first.
 std::vector<std::pair<double, double>> PlaceAspectSymbols(const std::vector<AspectLine>& lines,
                                                           const std::vector<Box>& inkAboutCentre,
-                                                          double radius);
+                                                          double rx, double ry);
 
 // The palette colour of an aspect line.
 int AspectLineColour(int code, const WheelOptions& o, bool printFormMode);
