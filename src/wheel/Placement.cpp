@@ -161,14 +161,22 @@ std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
             // Into the house, away from its cusp line; back from the next
             // cusp's line when the glyph stands just before it. The other
             // way only when that way finds no clear place.
+            // The column's middle (roughly the angle the aspect lines aim at)
+            // stays between the house's two lines: a house too narrow for
+            // that keeps the glyph where it was.
             int next = g.house == 12 ? 1 : g.house + 1;
-            double ahead = Norm360(lineAngles[static_cast<size_t>(next)] - theta);
-            double first = ahead < 6 ? -1 : 1;
+            const double own = lineAngles[static_cast<size_t>(g.house)];
+            const double width = Norm360(lineAngles[static_cast<size_t>(next)] - own);
+            auto inHouse = [&](double t) {
+                double into = Norm360(GlyphLineAngle(t) - own);
+                return into > 0 && into < width;
+            };
+            double first = width - Norm360(theta - own) < 6 ? -1 : 1;
             bool clear = false;
             for (double dir : {first, -first}) {
                 for (int n = 1; n <= 32 && !clear; ++n) {
                     double t = Norm360(theta + dir * 0.25 * n);
-                    if (TooNear(places, t)) break;
+                    if (TooNear(places, t) || !inHouse(t)) break;
                     placeAt(t);
                     clear = !crossed(g);
                 }

@@ -46,8 +46,9 @@ using CrossedByHouseLine = std::function<bool(const GlyphPlace&)>;
 // `crossed` given, a glyph whose column a house line would run through is
 // moved on, a quarter degree at a time, into its own house (back from the
 // next house's line when it stands just before it) until the line passes
-// clear, keeping 4 degrees from the glyphs already placed; it stays where
-// it was when neither way has such a place.
+// clear, keeping 4 degrees from the glyphs already placed and its middle
+// inside its house; it stays where it was when neither way has such a
+// place.
 std::vector<GlyphPlace> PlaceGlyphs(const WheelChart& w, ChartStyle type,
                                     const std::array<double, 13>& houseWidth,
                                     const WheelTables& tables,
