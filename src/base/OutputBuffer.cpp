@@ -12,48 +12,21 @@ namespace kal {
 
 namespace {
 
-// The next spare element of `lines`, from the emptied ones when there are.
-void NextLine(std::vector<std::string>& lines, std::vector<std::string>& emptied) {
-    if (emptied.empty()) {
-        lines.emplace_back();
-    } else {
-        lines.push_back(std::move(emptied.back()));
-        emptied.pop_back();
-        lines.back().clear();
-    }
-}
-
-// Empties `lines` to their one spare element; the lines are kept for the
-// appends that follow (as many as a few pages need: a long session's lines
-// are let go) and emptied as they are taken again.
-void ClearLines(std::vector<std::string>& lines, std::vector<std::string>& emptied) {
+// Empties `lines` to their one spare element. The storage of as many lines as
+// a few pages need is kept for the appends that follow.
+void ClearLines(LineList& lines) {
     constexpr size_t kKept = 2048;
-    // The larger set changes places in one move; the smaller one joins it.
-    if (emptied.size() < lines.size()) emptied.swap(lines);
-    for (auto& l : lines) {
-        if (emptied.size() >= kKept) break;
-        emptied.push_back(std::move(l));
-    }
-    if (emptied.size() > kKept) emptied.resize(kKept);
-    lines.clear();
-    lines.emplace_back();
+    lines.Clear(kKept);
+    lines.AddEmpty();
 }
 
 } // namespace
 
-void OutputBuffer::NextAllLine() {
-    NextLine(AllLines, emptied_);
-}
-
-void OutputBuffer::NextPageLine() {
-    NextLine(PageLines, emptiedPage_);
-}
-
 void OutputBuffer::AppendOutLine() {
     AllLines.back() = OutLine;
-    NextAllLine();
+    AllLines.AddEmpty();
     PageLines.back() = OutLine;
-    NextPageLine();
+    PageLines.AddEmpty();
 }
 
 void OutputBuffer::AppendBlankLine() {
@@ -63,17 +36,17 @@ void OutputBuffer::AppendBlankLine() {
 
 void OutputBuffer::Append(std::string line) {
     AllLines.back() = line;
-    NextAllLine();
+    AllLines.AddEmpty();
     PageLines.back() = std::move(line);
-    NextPageLine();
+    PageLines.AddEmpty();
 }
 
 void OutputBuffer::ClearDataPage() {
-    ClearLines(PageLines, emptiedPage_);
+    ClearLines(PageLines);
 }
 
 void OutputBuffer::ClearAllLines() {
-    ClearLines(AllLines, emptied_);
+    ClearLines(AllLines);
 }
 
 std::filesystem::path LastPagePath(const std::filesystem::path& appPath) {

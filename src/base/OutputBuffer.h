@@ -3,7 +3,9 @@
 // element after them, so after n appends it has n + 1 elements.
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,10 +15,61 @@
 
 namespace kal {
 
+// A list of lines whose strings outlive a clear: clearing only forgets how
+// many are in use, so the lines appended after it are written into storage
+// the list already has instead of being allocated again. It reads like a
+// vector of strings (indexing, iteration, comparison, conversion).
+class LineList {
+  public:
+    using value_type = std::string;
+    using iterator = const std::string*;
+    using const_iterator = const std::string*;
+    using size_type = size_t;
+
+    LineList() = default;
+    LineList(std::initializer_list<std::string> lines) : store_(lines), size_(store_.size()) {}
+
+    size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+    const std::string* data() const { return store_.data(); }
+    const std::string* begin() const { return store_.data(); }
+    const std::string* end() const { return store_.data() + size_; }
+    const std::string& operator[](size_t i) const { return store_[i]; }
+    const std::string& front() const { return store_.front(); }
+    const std::string& back() const { return store_[size_ - 1]; }
+    std::string& back() { return store_[size_ - 1]; }
+
+    // Adds an empty line at the end and gives it.
+    std::string& AddEmpty() {
+        if (size_ == store_.size()) store_.emplace_back();
+        std::string& line = store_[size_++];
+        line.clear();
+        return line;
+    }
+    // Forgets the lines, keeping the storage of at most `kept` of them for
+    // the lines that follow (a long session's lines are let go).
+    void Clear(size_t kept) {
+        if (store_.size() > kept) store_.resize(kept);
+        size_ = 0;
+    }
+
+    operator std::vector<std::string>() const { return {begin(), end()}; }
+    friend bool operator==(const LineList& a, const LineList& b) {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end());
+    }
+    friend bool operator==(const LineList& a, const std::vector<std::string>& b) {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end());
+    }
+
+  private:
+    std::vector<std::string> store_;
+    size_t size_ = 0;
+};
+
 struct OutputBuffer {
     std::string OutLine;
-    std::vector<std::string> AllLines{""};
-    std::vector<std::string> PageLines{""};
+    LineList AllLines{""};
+    LineList PageLines{""};
 
     size_t AllCount() const { return AllLines.size() - 1; }
     size_t PageCount() const { return PageLines.size() - 1; }
@@ -33,24 +86,15 @@ struct OutputBuffer {
     // view of the buffer's own lines.
     template <class... Parts> void AppendJoined(const Parts&... parts) {
         std::string& line = PageLines.back();
-        line.clear();
         (line.append(std::string_view(parts)), ...);
         AllLines.back() = line;
-        NextAllLine();
-        NextPageLine();
+        AllLines.AddEmpty();
+        PageLines.AddEmpty();
     }
     // Empties the current page.
     void ClearDataPage();
     // Empties AllLines ("Clear all data").
     void ClearAllLines();
-
-  private:
-    // The next spare element of AllLines: a line emptied by the last clear,
-    // so that copying a line into it reuses that line's storage.
-    void NextAllLine();
-    // The same for PageLines.
-    void NextPageLine();
-    std::vector<std::string> emptied_, emptiedPage_;
 };
 
 // The page file the data window shows.

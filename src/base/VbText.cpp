@@ -103,18 +103,31 @@ std::optional<std::uint32_t> QuickWhole(double v, int sig) {
     return f >= 0.5 ? i + 1 : i;
 }
 
-// The whole number of a pattern without fraction places, right-aligned in
-// `width`, composed from the right in one piece; false when it needs the
+// The number of a pattern with at most eight fraction places, right-aligned
+// in `width`, composed from the right in one piece: v scaled by the power of
+// ten of the places is rounded as a whole number (scaling moves it by less
+// than the margin QuickWhole keeps from one half). False when it needs the
 // decimal digits of v.
-bool AppendQuickWhole(std::string& out, double v, const Pattern& p, int sig, size_t width) {
-    if (p.frac != 0 || p.minInt > 16 || width > 16) return false;
-    const auto whole = QuickWhole(v, sig);
+bool AppendQuickFixed(std::string& out, double v, const Pattern& p, int sig, size_t width) {
+    if (p.frac > 8 || p.minInt > 16 || width > 16) return false;
+    const auto whole = QuickWhole(p.frac == 0 ? v : v * kPow10[p.frac], sig);
     if (!whole) return false;
-    char buf[40];
+    char buf[48];
     char* const end = buf + sizeof buf;
     char* b = end;
-    for (std::uint32_t w = *whole; w != 0; w /= 10) *--b = static_cast<char>('0' + w % 10);
-    while (end - b < p.minInt) *--b = '0';
+    std::uint32_t w = *whole;
+    int places = p.frac;
+    // Fraction zeros beyond the pattern's last '0' are dropped, and the point
+    // with them when no place is left.
+    while (places > p.minFrac && w % 10 == 0) {
+        w /= 10;
+        --places;
+    }
+    for (int i = 0; i < places; ++i, w /= 10) *--b = static_cast<char>('0' + w % 10);
+    if (places > 0) *--b = '.';
+    const char* const point = b;
+    for (; w != 0; w /= 10) *--b = static_cast<char>('0' + w % 10);
+    while (point - b < p.minInt) *--b = '0';
     if (v < 0 && *whole != 0) *--b = '-';
     while (static_cast<size_t>(end - b) < width) *--b = ' ';
     out.append(b, static_cast<size_t>(end - b));
@@ -126,7 +139,7 @@ bool AppendQuickWhole(std::string& out, double v, const Pattern& p, int sig, siz
 void AppendNumber(std::string& out, double v, std::string_view pattern, Precision prec) {
     const Pattern p = ReadPattern(pattern);
     const int sig = static_cast<int>(prec);
-    if (AppendQuickWhole(out, v, p, sig, 0)) return;
+    if (AppendQuickFixed(out, v, p, sig, 0)) return;
 
     const Decimal d = ToDecimal(v, sig);
     // Digit i of the value written out from its first integer place (from
@@ -317,7 +330,7 @@ std::string PadLeft(std::string_view text, size_t n) {
 }
 
 void AppendRight(std::string& out, size_t n, double v, std::string_view pattern) {
-    if (AppendQuickWhole(out, v, ReadPattern(pattern), static_cast<int>(Precision::Double), n))
+    if (AppendQuickFixed(out, v, ReadPattern(pattern), static_cast<int>(Precision::Double), n))
         return;
     const size_t at = out.size();
     AppendNumber(out, v, pattern);

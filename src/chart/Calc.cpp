@@ -34,31 +34,80 @@ short ToShort(double v) {
 
 } // namespace
 
-Messages InputChecks(const InputFields& in, char houseLetter) {
+namespace {
+
+// The numbers of the input window's fields, each read once.
+struct FieldNumbers {
+    explicit FieldNumbers(const InputFields& in)
+        : month(Val(in.txtMonth)), day(Val(in.txtDay)), year(Val(in.txtYear)),
+          hour(Val(in.txtBirthHour)), minute(Val(in.txtBirthMinute)), tz(Val(in.txtTZ)),
+          longDeg(Val(in.txtLongDeg)), longMin(Val(in.txtLongMin)), latDeg(Val(in.txtLatDeg)),
+          latMin(Val(in.txtLatMin)) {}
+    double month, day, year, hour, minute, tz, longDeg, longMin, latDeg, latMin;
+};
+
+Messages Checks(const InputFields& in, const FieldNumbers& v, char houseLetter) {
     Messages out;
     auto fail = [&](const Message& m) { out.push_back(m); };
     // Presence.
-    if (Val(in.txtMonth) == 0 || Val(in.txtDay) == 0 || Val(in.txtYear) == 0) fail(kInputError);
+    if (v.month == 0 || v.day == 0 || v.year == 0) fail(kInputError);
     if (in.txtMonth.empty() || in.txtDay.empty() || in.txtYear.empty()) fail(kInputError);
     if (in.txtBirthHour.empty() || in.txtBirthMinute.empty() || in.txtTZ.empty()) fail(kInputError);
     if (in.txtLongDeg.empty() || in.txtLongMin.empty()) fail(kInputError);
     if (in.txtLatDeg.empty() || in.txtLatMin.empty()) fail(kInputError);
-    if (Val(in.txtTZ) < -2 && in.optWest()) fail(kInputError);
+    if (v.tz < -2 && in.optWest()) fail(kInputError);
     // Latitude: the two house systems that fail in polar latitudes.
     if (houseLetter == 'P' || houseLetter == 'K') {
-        if (Val(in.txtLatDeg) + Val(in.txtLatMin) / 100 > 66.0) fail(kLatitudeError);
+        if (v.latDeg + v.latMin / 100 > 66.0) fail(kLatitudeError);
     }
     // Ranges.
-    if (Val(in.txtMonth) > 12 || Val(in.txtDay) > 31 || Val(in.txtYear) > 2099) fail(kInputError);
-    if (Val(in.txtBirthHour) > 12 || Val(in.txtBirthMinute) > 59) fail(kInputError);
-    if (Val(in.txtTZ) > 12 || Val(in.txtTZ) < -13) fail(kInputError);
-    if (Val(in.txtLongDeg) > 180 || Val(in.txtLongMin) > 59) fail(kInputError);
+    if (v.month > 12 || v.day > 31 || v.year > 2099) fail(kInputError);
+    if (v.hour > 12 || v.minute > 59) fail(kInputError);
+    if (v.tz > 12 || v.tz < -13) fail(kInputError);
+    if (v.longDeg > 180 || v.longMin > 59) fail(kInputError);
     // A latitude beyond the pole has no houses in any system.
-    if (Val(in.txtLatMin) > 59 || Val(in.txtLatDeg) + Val(in.txtLatMin) / 100 > 90)
-        fail(kInputError);
+    if (v.latMin > 59 || v.latDeg + v.latMin / 100 > 90) fail(kInputError);
     // Year 0 is refused as empty above; a year before it as a year of its own.
-    if (Val(in.txtYear) < 0) fail(YearBeforeOneMessage(Trim(in.txtYear)));
+    if (v.year < 0) fail(YearBeforeOneMessage(Trim(in.txtYear)));
     return out;
+}
+
+void FillIdentity(Chart& c, const InputFields& in, const FieldNumbers& v, int dateOrder) {
+    c.ChartDay = ToShort(v.day);
+    c.ChartMonth = ToShort(v.month);
+    c.ChartYear = ToShort(v.year);
+    c.ChartDate = JoinDate(in.txtMonth, in.txtDay, in.txtYear, dateOrder);
+    c.ChartTime = static_cast<float>(v.hour + v.minute / 100);
+    c.ChartTZ = static_cast<float>(v.tz);
+    c.ChartAMPM = in.optAM ? "A.M." : "P.M.";
+    double lon = v.longDeg + v.longMin / 100;
+    c.ChartLong = static_cast<float>(in.optEast ? -lon : lon);
+    c.ChartEW = c.ChartLong < 0 ? "East" : "West";
+    double lat = v.latDeg + v.latMin / 100;
+    c.ChartLat = static_cast<float>(in.optSouth ? -lat : lat);
+    c.ChartNS = c.ChartLat < 0 ? "South" : "North";
+    c.ChartName = in.txtName;
+}
+
+void SetCalcInputs(Chart& c, const InputFields& in, const FieldNumbers& v) {
+    c.CalcDay = c.ChartDay;
+    c.CalcMonth = c.ChartMonth;
+    c.CalcYear = c.ChartYear;
+    double h = v.hour;
+    if (in.optAM && std::floor(h) == 12) h -= 12;
+    if (!in.optAM && std::floor(h) != 12) h += 12;
+    c.CalcHour = static_cast<float>(h + c.ChartTZ);
+    c.CalcMinute = static_cast<float>(v.minute);
+    c.GeoLong = v.longDeg + v.longMin / 60;
+    if (Upper(c.ChartEW) == "WEST") c.GeoLong = -c.GeoLong;
+    c.GeoLat = v.latDeg + v.latMin / 60;
+    if (Upper(c.ChartNS) == "SOUTH") c.GeoLat = -c.GeoLat;
+}
+
+} // namespace
+
+Messages InputChecks(const InputFields& in, char houseLetter) {
+    return Checks(in, FieldNumbers(in), houseLetter);
 }
 
 Message YearBeforeOneMessage(const std::string& year) {
@@ -69,20 +118,7 @@ Message YearBeforeOneMessage(const std::string& year) {
 }
 
 void FillIdentityFromInput(Chart& c, const InputFields& in, int dateOrder) {
-    c.ChartDay = ToShort(Val(in.txtDay));
-    c.ChartMonth = ToShort(Val(in.txtMonth));
-    c.ChartYear = ToShort(Val(in.txtYear));
-    c.ChartDate = JoinDate(in.txtMonth, in.txtDay, in.txtYear, dateOrder);
-    c.ChartTime = static_cast<float>(Val(in.txtBirthHour) + Val(in.txtBirthMinute) / 100);
-    c.ChartTZ = static_cast<float>(Val(in.txtTZ));
-    c.ChartAMPM = in.optAM ? "A.M." : "P.M.";
-    double lon = Val(in.txtLongDeg) + Val(in.txtLongMin) / 100;
-    c.ChartLong = static_cast<float>(in.optEast ? -lon : lon);
-    c.ChartEW = c.ChartLong < 0 ? "East" : "West";
-    double lat = Val(in.txtLatDeg) + Val(in.txtLatMin) / 100;
-    c.ChartLat = static_cast<float>(in.optSouth ? -lat : lat);
-    c.ChartNS = c.ChartLat < 0 ? "South" : "North";
-    c.ChartName = in.txtName;
+    FillIdentity(c, in, FieldNumbers(in), dateOrder);
 }
 
 void FillIdentityFromStepped(Chart& c, const SteppedRecord& r, const std::string& inputName,
@@ -124,18 +160,7 @@ void CalcJulDayLocal(Chart& c) {
 }
 
 void SetCalcInputsFromInput(Chart& c, const InputFields& in) {
-    c.CalcDay = c.ChartDay;
-    c.CalcMonth = c.ChartMonth;
-    c.CalcYear = c.ChartYear;
-    double h = Val(in.txtBirthHour);
-    if (in.optAM && std::floor(h) == 12) h -= 12;
-    if (!in.optAM && std::floor(h) != 12) h += 12;
-    c.CalcHour = static_cast<float>(h + c.ChartTZ);
-    c.CalcMinute = static_cast<float>(Val(in.txtBirthMinute));
-    c.GeoLong = Val(in.txtLongDeg) + Val(in.txtLongMin) / 60;
-    if (Upper(c.ChartEW) == "WEST") c.GeoLong = -c.GeoLong;
-    c.GeoLat = Val(in.txtLatDeg) + Val(in.txtLatMin) / 60;
-    if (Upper(c.ChartNS) == "SOUTH") c.GeoLat = -c.GeoLat;
+    SetCalcInputs(c, in, FieldNumbers(in));
 }
 
 void SetCalcInputsFromStepped(Chart& c, const SteppedRecord& r) {
@@ -274,12 +299,13 @@ CastResult CastFromCalcInputs(Chart& c, Chart next) {
 
 CastResult CastChart(Chart& c, const InputFields& in, char houseSystem, int dateOrder) {
     c.HouseSystem = houseSystem;
-    Messages checks = InputChecks(in, houseSystem);
+    const FieldNumbers numbers(in);
+    Messages checks = Checks(in, numbers, houseSystem);
     if (!checks.empty()) return {checks, false};
     Chart next = c;
-    FillIdentityFromInput(next, in, dateOrder);
+    FillIdentity(next, in, numbers, dateOrder);
     CalcJulDayLocal(next);
-    SetCalcInputsFromInput(next, in);
+    SetCalcInputs(next, in, numbers);
     return CastFromCalcInputs(c, std::move(next));
 }
 
