@@ -45,7 +45,8 @@ void AppendStrengthField(std::string& out, double v) {
 // One row of the table and the points it gives.
 class RowBuilder {
   public:
-    RowBuilder(CosmicStateScores& s, int planet) : s_(s), planet_(planet) {}
+    RowBuilder(CosmicStateScores& s, int planet, std::string& line)
+        : line(line), s_(s), planet_(planet) {}
     // A ruler entry: the ruler's 9-character name and a blank; the column's
     // points when the planet rules its own position.
     void Ruler(int body, int points) {
@@ -56,7 +57,7 @@ class RowBuilder {
             s_.Strength[static_cast<size_t>(planet_)] += points;
         }
     }
-    std::string line;
+    std::string& line;
 
   private:
     CosmicStateScores& s_;
@@ -76,14 +77,16 @@ std::string SpeedClass(int body, double speed) {
 
 CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuffer& out) {
     CosmicStateScores s;
-    std::vector<std::string> lines;
-    lines.reserve(17);
+    // The lines wait for the strengths, which are known only at the end;
+    // their storage is kept from one chart to the next.
+    thread_local LineList lines;
+    lines.Clear(32);
     out.AppendBlankLine();
 
-    lines.emplace_back(
-        "  Planet    Sign      Exlt.     Trip.     Term      Face      Speed      Rate   Strength");
-    lines.emplace_back(
-        "  ------    ----      -----     -----     ----      ----      -----      ----   --------");
+    lines.AddEmpty() =
+        "  Planet    Sign      Exlt.     Trip.     Term      Face      Speed      Rate   Strength";
+    lines.AddEmpty() =
+        "  ------    ----      -----     -----     ----      ----      -----      ----   --------";
 
     const bool dayChart = c.HouseNumberOf(Sun) > 6;
     auto L = [&](int body) { return c.NatalLong[static_cast<size_t>(body)]; };
@@ -93,8 +96,7 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
     for (int p : kPlanets) {
         const double lon = L(p);
         const int sg = sign(p);
-        RowBuilder row(s, p);
-        row.line.reserve(100);
+        RowBuilder row(s, p, lines.AddEmpty());
         row.line += "  ";
         row.line += PlanetName9[static_cast<size_t>(p)];
         row.line += ' ';
@@ -137,43 +139,41 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
             add(p, oriental ? opt[3] : opt[4]);
         else if (p == Moon)
             add(p, oriental ? opt[11] : opt[10]);
-
-        lines.push_back(std::move(row.line));
     }
-    lines.emplace_back();
+    lines.AddEmpty();
 
-    std::string peregrine = "  Peregrine - ";
+    std::string& peregrine = lines.AddEmpty();
+    peregrine += "  Peregrine - ";
     for (int p : kByNumber)
         if (s.HasDignity[static_cast<size_t>(p)] == 0) {
             peregrine += PlanetName[static_cast<size_t>(p)];
             peregrine += ' ';
             add(p, opt[5]);
         }
-    lines.push_back(std::move(peregrine));
 
-    std::string detriment = "  Detriment - ";
+    std::string& detriment = lines.AddEmpty();
+    detriment += "  Detriment - ";
     for (int p : kPlanets)
         if (InDetriment(p, L(p))) {
             detriment += PlanetName[static_cast<size_t>(p)];
             detriment += ' ';
             add(p, -5);
         }
-    lines.push_back(std::move(detriment));
 
-    std::string fall = "  Fall - ";
+    std::string& fall = lines.AddEmpty();
+    fall += "  Fall - ";
     for (int p : kPlanets)
         if (InFall(p, L(p))) {
             fall += PlanetName[static_cast<size_t>(p)];
             fall += ' ';
             add(p, -4);
         }
-    lines.push_back(std::move(fall));
 
     // The four reception passes. `ruler` gives R for p (0 for none),
     // `receives` whether R's sign t counts for p.
     auto pass = [&](std::string_view heading, bool allTen, bool lowerFirst, double points,
                     auto ruler, auto receives) {
-        std::string line;
+        std::string& line = lines.AddEmpty();
         for (int p = 1; p <= 10; ++p) {
             if (!allTen && p >= Uranus && p <= Pluto) continue;
             const int r = ruler(p);
@@ -188,7 +188,7 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
             add(p, points);
             add(r, points);
         }
-        if (!line.empty()) lines.push_back(std::move(line));
+        if (line.empty()) lines.RemoveLast();
     };
     auto domicile = [&](int p) { return DomicileRuler(sign(p)); };
     auto exaltation = [&](int p) { return ExaltationRuler(sign(p)); };
@@ -208,7 +208,7 @@ CosmicStateScores ListCosmicState(const Chart& c, const Options& opt, OutputBuff
             line += "   ";
             AppendStrengthField(line, s.Strength[static_cast<size_t>(kPlanets[i - 2])]);
         }
-        out.Append(std::move(line));
+        out.AppendJoined(line);
     }
     return s;
 }

@@ -116,34 +116,31 @@ std::string ChartDataLine(const Chart& c, int dateOrder) {
 
 void ChartHeader(const Chart& c, int dateOrder, OutputBuffer& out) {
     out.AppendBlankLine();
-    out.Append("  " + c.ChartName);
-    std::string line;
-    line.reserve(80);
+    out.AppendJoined("  ", c.ChartName);
+    std::string& line = out.BeginLine();
     line += "  ";
     AppendChartData(line, c, dateOrder);
-    out.Append(std::move(line));
+    out.EndLine();
 }
 
 void ListCusps(const Chart& c, OutputBuffer& out) {
     out.AppendBlankLine();
-    out.Append("  HOUSE CUSPS - " + HouseSystemName(c.HouseSystem));
-    std::string line;
-    for (int k = 1; k <= 12; ++k) {
-        if (line.empty()) line.reserve(80);
-        line += (k % 3 == 1) ? "  " : " ";
-        line += HouseLabel(k);
-        line += " house = ";
-        AppendDegSignMin(line, CuspPosition(c.NatalCusp[static_cast<size_t>(k)]));
-        if (k % 3 == 0) {
-            out.Append(std::move(line));
-            line = std::string();
+    out.AppendJoined("  HOUSE CUSPS - ", HouseSystemName(c.HouseSystem));
+    // Three cusps a line.
+    for (int first = 1; first <= 12; first += 3) {
+        std::string& line = out.BeginLine();
+        for (int k = first; k < first + 3; ++k) {
+            line += k == first ? "  " : " ";
+            line += HouseLabel(k);
+            line += " house = ";
+            AppendDegSignMin(line, CuspPosition(c.NatalCusp[static_cast<size_t>(k)]));
         }
+        out.EndLine();
     }
 }
 
-std::string BodyLine(const Chart& c, int j) {
-    std::string line;
-    line.reserve(64);
+namespace {
+void AppendBodyLine(std::string& line, const Chart& c, int j) {
     line += "  ";
     AppendBodyText(line, c.NatalLong[static_cast<size_t>(j)]);
     line += "   ";
@@ -152,15 +149,25 @@ std::string BodyLine(const Chart& c, int j) {
     line += "    (";
     line += std::string_view(c.PlanetHouse).substr(static_cast<size_t>(10 * j - 10), 10);
     line += ")    ";
+}
+} // namespace
+
+std::string BodyLine(const Chart& c, int j) {
+    std::string line;
+    AppendBodyLine(line, c, j);
     return line;
 }
 
 void ListBodies(const Chart& c, OutputBuffer& out) {
     out.AppendBlankLine();
-    out.Append(BodyLine(c, Sun));
-    out.Append(BodyLine(c, Moon));
-    for (int j = Mercury; j <= Pluto; ++j) out.Append(BodyLine(c, j));
-    for (int j = NNode; j <= NumBodies; ++j) out.Append(BodyLine(c, j));
+    auto body = [&](int j) {
+        AppendBodyLine(out.BeginLine(), c, j);
+        out.EndLine();
+    };
+    body(Sun);
+    body(Moon);
+    for (int j = Mercury; j <= Pluto; ++j) body(j);
+    for (int j = NNode; j <= NumBodies; ++j) body(j);
 }
 
 void NatalData(const Chart& c, OutputBuffer& out) {

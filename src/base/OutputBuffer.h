@@ -35,6 +35,7 @@ class LineList {
     const std::string* begin() const { return store_.data(); }
     const std::string* end() const { return store_.data() + size_; }
     const std::string& operator[](size_t i) const { return store_[i]; }
+    std::string& operator[](size_t i) { return store_[i]; }
     const std::string& front() const { return store_.front(); }
     const std::string& back() const { return store_[size_ - 1]; }
     std::string& back() { return store_[size_ - 1]; }
@@ -46,6 +47,8 @@ class LineList {
         line.clear();
         return line;
     }
+    // Forgets the last line.
+    void RemoveLast() { --size_; }
     // Forgets the lines, keeping the storage of at most `kept` of them for
     // the lines that follow (a long session's lines are let go).
     void Clear(size_t kept) {
@@ -85,9 +88,16 @@ struct OutputBuffer {
     // from), composed in place in the lines' own storage; no part may be a
     // view of the buffer's own lines.
     template <class... Parts> void AppendJoined(const Parts&... parts) {
-        std::string& line = PageLines.back();
+        std::string& line = BeginLine();
         (line.append(std::string_view(parts)), ...);
-        AllLines.back() = line;
+        EndLine();
+    }
+    // The line to compose in place, empty: the page's spare element, taken
+    // by EndLine. Nothing may be appended between the two.
+    std::string& BeginLine() { return PageLines.back(); }
+    // Appends the line composed since BeginLine to both lists.
+    void EndLine() {
+        AllLines.back() = PageLines.back();
         AllLines.AddEmpty();
         PageLines.AddEmpty();
     }
