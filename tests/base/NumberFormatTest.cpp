@@ -277,7 +277,10 @@ TEST(NumberFormat, SameTextAsTheCLibraryFormatter) {
         "0 -0 0.5 -0.5 1.5 2.5 2.675 1.005 0.125 99.96 -0.001 2.4999999999999996 "
         "0.49999999999999994 59.999999999999993 59.5 9.999999 999999.5 9999999.5 2147483647.5 "
         "2147483648 9007199254740993 1e15 1e16 1e17 inf -inf nan 1.7976931348623157e308 "
-        "2.2250738585072014e-308 4.9406564584124654e-324";
+        "2.2250738585072014e-308 4.9406564584124654e-324 "
+        // Decimal ties a few places down, which scaling by a power of ten
+        // can move across the half.
+        "75.385 40.305 0.045 1.115 8.345 -0.005 0.995 9.995 99.995 4294967.295 21474836.475";
     for (char* end = nullptr; *edgeText; edgeText = end)
         edges.push_back(std::strtod(edgeText, &end));
     Differences diff;
