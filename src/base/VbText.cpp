@@ -286,12 +286,14 @@ double Val(std::string_view t) {
 }
 
 std::optional<double> NumberText(std::string_view t) {
-    std::string s = Trim(t);
+    const size_t b = t.find_first_not_of(" \t");
+    if (b == std::string_view::npos) return std::nullopt;
+    const std::string_view s = t.substr(b, t.find_last_not_of(" \t") - b + 1);
     size_t i = 0;
-    if (!s.empty() && (s[0] == '-' || s[0] == '+')) ++i;
+    if (s[0] == '-' || s[0] == '+') ++i;
     bool digit = false, point = false;
     for (; i < s.size(); ++i) {
-        if (std::isdigit(static_cast<unsigned char>(s[i])))
+        if (s[i] >= '0' && s[i] <= '9')
             digit = true;
         else if (s[i] == '.' && !point)
             point = true;
@@ -299,7 +301,9 @@ std::optional<double> NumberText(std::string_view t) {
             return std::nullopt;
     }
     if (!digit) return std::nullopt;
-    return std::strtod(s.c_str(), nullptr);
+    // A plain number through and through: Val reads it whole, to the double
+    // the C library's reader gives.
+    return Val(s);
 }
 
 std::optional<double> FieldNumber(std::string_view text) {

@@ -86,7 +86,13 @@ TEST(Val, SameValueAsTheCLibraryOnAnyDigits) {
             digits = "0." + std::string(static_cast<size_t>(pick(300, 400)), '0') + "7";
         const std::string sign = pick(0, 3) == 0 ? "-" : pick(0, 3) == 0 ? "+" : "";
         const double want = std::strtod((sign + digits).c_str(), nullptr);
-        const double got = Val("  " + sign + digits + (pick(0, 1) ? "x9" : ""));
+        const bool tail = pick(0, 1);
+        const double got = Val("  " + sign + digits + (tail ? "x9" : ""));
         ASSERT_EQ(std::memcmp(&got, &want, sizeof got), 0) << sign + digits;
+        // A field that is the number alone reads the same; one with more
+        // after it is no number.
+        const auto field = NumberText("\t" + sign + digits + (tail ? "x9" : " "));
+        ASSERT_EQ(field.has_value(), !tail) << sign + digits;
+        if (field) ASSERT_EQ(std::memcmp(&*field, &want, sizeof want), 0) << sign + digits;
     }
 }
