@@ -420,16 +420,18 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
             for (const Box& b : columnInk(g)) columns.push_back(b);
     auto houseLines = [&] {
         for (int h = 1; h <= 12; ++h) {
-            auto [x1, y1, x2, y2] = lineEnds(h);
+            const std::array<double, 4> e = lineEnds(h);
             std::vector<std::pair<double, double>> gaps;
             for (const Box& b : columns)
-                if (auto t = b.clip(x1, y1, x2, y2, -LineClearance)) gaps.push_back(*t);
+                if (auto t = b.clip(e[0], e[1], e[2], e[3], -LineClearance)) gaps.push_back(*t);
             std::sort(gaps.begin(), gaps.end());
             double from = 0;
+            // The part of the line from `from` to `to`, as fractions of its length.
             auto piece = [&](double to) {
+                auto at = [&](double t, int c) { return e[c] + (e[c + 2] - e[c]) * t; };
                 if (to > from)
-                    canvas.line(x1 + (x2 - x1) * from, y1 + (y2 - y1) * from, x1 + (x2 - x1) * to,
-                                y1 + (y2 - y1) * to, PaletteColour(o.houseLineColour));
+                    canvas.line(at(from, 0), at(from, 1), at(to, 0), at(to, 1),
+                                PaletteColour(o.houseLineColour));
             };
             for (auto [lo, hi] : gaps) {
                 piece(lo);
