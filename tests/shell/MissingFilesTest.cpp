@@ -65,10 +65,7 @@ Outcome RunEverything(const fs::path& dir) {
     fs::path namesFile, citiesFile;
     ReadSettings(dir, settings, namesFile, citiesFile);
 
-    auto rec = ParseRecordLine(kExample);
-    InputFields in;
-    TransferRecord(*rec, 0, in);
-    CalcOutcome calc = s.Calculate(in);
+    CalcOutcome calc = s.Calculate(*test::FieldsOfRecord(kExample));
     r.calculated = calc.calculated;
     Add(r.messages, calc.messages);
     s.ShowDataPage();
@@ -190,18 +187,6 @@ TEST(MissingFiles, EachShippedFileRemovedInTurn) {
     fs::remove_all(aside);
     EXPECT_GE(tried.size(), 95u);
     std::cout << "missing files tried: " << tried.size() << "\n";
-}
-
-// The atlas is found beside the program or in the shipped folder; with
-// neither, the input window's atlas button stays hidden.
-TEST(MissingFiles, AtlasInNeitherFolder) {
-    test::ScratchAppDir dir;
-    test::ScratchAppDir shipped;
-    EXPECT_TRUE(FindAtlasFile(dir.path(), shipped.path()).empty());
-    Session s;
-    s.Open(dir.path(), shipped.path());
-    EXPECT_FALSE(s.paths.AtlasAvailable);
-    s.Close();
 }
 
 } // namespace

@@ -85,10 +85,7 @@ std::string NamesFileOf(int records) {
 }
 
 InputFields Mary() {
-    auto rec = ParseRecordLine("Mary Smith,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org");
-    InputFields in;
-    TransferRecord(*rec, 0, in);
-    return in;
+    return *test::FieldsOfRecord("Mary Smith,03 Feb 1971,4.05,P,5,071.04,42.21,mary@example.org");
 }
 
 // A listing of more than one block of data.
