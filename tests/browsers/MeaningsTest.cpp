@@ -111,15 +111,6 @@ TEST(Meanings, TextRoutinesIndentAndReportAMissingFile) {
     EXPECT_EQ(out.PageCount(), 0u);
 }
 
-TEST(KeywordSystem, LessonFiles) {
-    // Capricorn, the 12th house and the Sun are opened by the window's test.
-    EXPECT_EQ(SignLessonFile(0), "\\ARI.TXT");
-    EXPECT_EQ(SignLessonFile(11), "\\PIS.TXT");
-    EXPECT_EQ(HouseLessonFile(0), "\\1.TXT");
-    EXPECT_EQ(PlanetLessonFile(1), "\\Moo.TXT");
-    EXPECT_EQ(PlanetLessonFile(9), "\\Plu.TXT");
-}
-
 TEST(Keywords, TopicTexts) {
     auto moon = KeywordTopicMessage("Moon");
     ASSERT_TRUE(moon);

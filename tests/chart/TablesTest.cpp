@@ -10,15 +10,6 @@ TEST(ChartTables, SignsOfLongitudes) {
     EXPECT_EQ(SignOf(30.0), 2);
     EXPECT_EQ(SignOf(29.999999), 1);
     EXPECT_EQ(SignOf(359.99), 12);
-    EXPECT_EQ(SignAbbrOf(10), "Cpr");
-    EXPECT_EQ(SignAbbrOf(12), "Pis");
-}
-
-TEST(ChartTables, CuspIndexFromTheTenthHouse) {
-    EXPECT_EQ(CuspIndexOfHouse(10), 1);
-    EXPECT_EQ(CuspIndexOfHouse(1), 4);
-    EXPECT_EQ(CuspIndexOfHouse(9), 12);
-    for (int h = 1; h <= 12; ++h) EXPECT_EQ(HouseOfCuspIndex(CuspIndexOfHouse(h)), h);
 }
 
 TEST(ChartTables, MidpointOnTheShorterArc) {
