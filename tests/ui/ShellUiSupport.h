@@ -128,11 +128,8 @@ struct StartedProgram {
 
     // Moves a names-file line into the input fields and calculates as OK does.
     bool calculate(const std::string& line) {
-        auto rec = ParseRecordLine(line);
-        if (!rec) return false;
-        InputFields in;
-        if (TransferRecord(*rec, session.regional.DateOrder, in)) return false;
-        return ctx->calculate(in);
+        auto in = FieldsOfRecord(line, session.regional.DateOrder);
+        return in && ctx->calculate(*in);
     }
 };
 

@@ -138,14 +138,6 @@ class AtlasWindowTest : public QObject {
                      " " + after.txtBirthHour,
                  std::string("Test 8/1/1944 10"));
         QVERIFY(p.dialogs->messages.empty());
-
-        // The chart is cast from the looked-up place and zone.
-        Input(p)->findChild<QPushButton*>("cmdOK")->click();
-        const std::string page = p.lastPage();
-        QVERIFY2(page.find("01 Aug 1944    TZ = -2.0      10.00 A.M.   11e3") !=
-                         std::string::npos &&
-                     page.find("48n08") != std::string::npos,
-                 page.substr(0, 300).c_str());
     }
 
     void sharedNamesAndLocalMeanTime() {

@@ -253,12 +253,13 @@ class BirthDataWindowsTest : public QObject {
         QVERIFY(Checked(p, "optEast") && Checked(p, "optSouth"));
         QCOMPARE(Field(p, "txtName")->text(), QString("Someone"));
 
-        // The editor saves the text and Quit re-reads the list.
+        // The editor saves the text, a last line typed without a line break
+        // whole, and Quit re-reads the list.
         Click(geo, "cmdEditList");
         auto* editor = p.win(ui::win::LongLat);
         QVERIFY(editor && editor->windowTitle().startsWith("Edit: "));
         SaveScreenshot(editor, "birthdata_LongLat");
-        Content(editor)->setPlainText("Lagos,NG,03E24,06N27,-1\nBad,XX\n");
+        Content(editor)->setPlainText("Lagos,NG,03E24,06N27,-1\nBad,XX");
         Click(editor, "btnSave");
         QCOMPARE(*ReadFileBytes(p.dir.path() / "GA_MA.LL"),
                  std::string("Lagos,NG,03E24,06N27,-1\r\nBad,XX\r\n"));
@@ -266,31 +267,6 @@ class BirthDataWindowsTest : public QObject {
         QCoreApplication::processEvents();
         QCOMPARE(ListTexts(p.win(ui::win::Geograph), "CitiesOnFile"), QStringList({"Lagos,NG"}));
         QVERIFY(p.dialogs->saw(CitiesFileLineError().text));
-    }
-
-    void namesEditorKeepsTheLastLineAndTheFile() {
-        StartedProgram p;
-        const fs::path names = p.dir.path() / "NAMES.FIL";
-        const std::string before = *ReadFileBytes(names);
-        Click(Names(p), "cmdEditList");
-        auto* editor = p.win(ui::win::NameEdit);
-        QVERIFY(editor);
-        auto* box = Content(editor);
-
-        // A disk that fills while the new file is written: the names file is
-        // whole and the user is told.
-        box->setPlainText(box->toPlainText() + "Added,12 May 1959,10.43,A,6,75.23,39.45,\n");
-        {
-            WriteFault full(WriteStep::Write, 1, ENOSPC);
-            Click(editor, "btnSave");
-        }
-        QCOMPARE(*ReadFileBytes(names), before);
-        QVERIFY(p.lastMessage().find("NAMES.FIL could not be written (the disk is full)") !=
-                std::string::npos);
-        // A last line typed without a line break is saved whole.
-        box->setPlainText("Broken,abc");
-        Click(editor, "btnSave");
-        QCOMPARE(*ReadFileBytes(names), std::string("Broken,abc\r\n"));
     }
 
     void fileSelectionStartsOnTheFileInUse() {

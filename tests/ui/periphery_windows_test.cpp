@@ -135,6 +135,22 @@ class PeripheryWindowsTest : public QObject {
             QVERIFY(TipWindow(p) && TipWindow(p)->isVisible());
             QVERIFY(p.dialogs->messages.empty());
         }
+        // No file: the window itself says so, whatever the button, and no
+        // message box.
+        {
+            StartedProgram p([](const ScratchAppDir& d) {
+                std::filesystem::remove(FindFile(d.path(), "TIPOFDAY.TXT"));
+            });
+            ui::frmTip* w = TipWindow(p);
+            QVERIFY(w && w->isVisible());
+            const QString sentence("that the TIPOFDAY.TXT file was not found?");
+            QCOMPARE(Shown(w), sentence);
+            Click(w, "cmdNextTip");
+            Click(w, "Command1");
+            QCOMPARE(Shown(w), sentence);
+            QVERIFY(p.dialogs->messages.empty());
+            SaveScreenshot(w, "frmTip_missing");
+        }
         StartedProgram p([&](const ScratchAppDir& d) { Tips(d, 5, "1"); });
         ui::frmTip* w = TipWindow(p);
         QVERIFY(w && w->isVisible());
@@ -164,22 +180,6 @@ class PeripheryWindowsTest : public QObject {
         QVERIFY(!TipWindow(p));
         p.trigger("mnuHelpTipoftheDay");
         QCOMPARE(Shown(TipWindow(p)), tip(1));
-    }
-
-    void missingFileGivesTheSentence() {
-        StartedProgram p([](const ScratchAppDir& d) {
-            std::filesystem::remove(FindFile(d.path(), "TIPOFDAY.TXT"));
-        });
-        ui::frmTip* w = TipWindow(p);
-        QVERIFY(w && w->isVisible());
-        const QString sentence("that the TIPOFDAY.TXT file was not found?");
-        QCOMPARE(Shown(w), sentence);
-        Click(w, "cmdNextTip");
-        Click(w, "Command1");
-        QCOMPARE(Shown(w), sentence);
-        // No message box: the window itself says it.
-        QVERIFY(p.dialogs->messages.empty());
-        SaveScreenshot(w, "frmTip_missing");
     }
 };
 

@@ -24,10 +24,6 @@ ui::Report* Viewer(StartedProgram& p) {
     return p.win<ui::Report>(ui::win::Report);
 }
 
-QPushButton* Button(QWidget* w, const char* name) {
-    return w->findChild<QPushButton*>(name);
-}
-
 // A report of `n` lines "line 0" .. and the viewer opened on it.
 ui::Report* OpenOn(StartedProgram& p, int n) {
     p.session.report.Lines.Clear();
@@ -120,7 +116,7 @@ class ReportWindowsTest : public QObject {
             if (m.key)
                 QTest::keyClick(w, m.key);
             else
-                Button(r, m.widget)->click();
+                Click(r, m.widget);
             QCOMPARE(r->ReportTopLine, m.top);
             QCOMPARE(FirstLine(r), QString("line %1").arg(m.top));
         }

@@ -1,7 +1,6 @@
 // The data window and the print window: saved bytes, Save As, the buffer
 // messages, font steps, Escape, printing to a PDF file; screenshots.
 #include <QFileInfo>
-#include <QPainter>
 #include <QPrinter>
 #include <QStatusBar>
 #include <QtTest>
@@ -127,19 +126,6 @@ class DataWindowTest : public QObject {
         data->move(0, p.main->frameGeometry().bottom() + 1);
         test::SaveScreenshot(p.main.get(), "main_window");
         test::SaveScreenshot(data, "data_window_chart_page");
-        // The two windows as they stand on the screen: the strip and the data
-        // window below it.
-        {
-            QPixmap strip = p.main->grab(), page = data->grab();
-            QImage both(std::max(strip.width(), page.width()), strip.height() + page.height(),
-                        QImage::Format_RGB32);
-            both.fill(Qt::black);
-            QPainter painter(&both);
-            painter.drawPixmap(0, 0, strip);
-            painter.drawPixmap(0, strip.height(), page);
-            painter.end();
-            both.save(QString(KALTROVA_SCREENSHOTS) + "/main_and_data_windows.png");
-        }
 
         DataAction(p, "mnuPrint")->trigger();
         auto* print = p.ctx->windowAs<ui::PrntFile>(ui::win::PrntFile);

@@ -72,8 +72,7 @@ class DialogsTest : public QObject {
         auto* box = test::Content(w);
         QStringList lines = box->toPlainText().split('\n');
         lines[44] = "20     Lines per page when data is saved to a file";
-        const QString edited = lines.join('\n');
-        box->setPlainText(edited);
+        box->setPlainText(lines.join('\n'));
 
         // The disk fills after the first block of the new OPTIONS.OPT: the
         // file and the options as they were.
@@ -86,15 +85,6 @@ class DialogsTest : public QObject {
                                       "disk has not been changed.");
         QCOMPARE(ReadFileBytes(file).value(), opt);
         QCOMPARE(p.session.options[45], option45);
-        // Restore Default Settings on the full disk: the file whole, the box
-        // as it was.
-        {
-            test::WriteFault full(WriteStep::Write, 1, ENOSPC);
-            test::Click(w, "cmdRestoreDefault");
-        }
-        QCOMPARE(p.lastMessage(), std::string("Error in operation. Cannot do what is requested."));
-        QCOMPARE(ReadFileBytes(file).value(), opt);
-        QCOMPARE(box->toPlainText(), edited);
 
         // Saved: the file is rewritten and the option is in effect at once.
         test::Click(w, "btnSave");
