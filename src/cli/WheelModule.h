@@ -30,9 +30,9 @@ struct WheelExporter {
 };
 
 // The module's file and the name of its one exported function, which
-// returns the table.
+// returns the table (as `const void*`, the one type the program calls every
+// module's entry through).
 inline constexpr const char* WheelModuleFile = "kaltrova-cli-wheel.so";
 inline constexpr const char* WheelModuleEntry = "KaltrovaWheelExporter";
-using WheelModuleEntryFn = const WheelExporter* (*)();
 
 } // namespace kal

@@ -149,11 +149,12 @@ const void* LoadModule(const char* name, const char* entryName, int version, std
         error = why ? why : file.string();
         return nullptr;
     }
-    using Entry = const int* (*)();
+    // Every module's entry has this one type; its table opens with the
+    // version of the build that made it.
+    using Entry = const void* (*)();
     auto entry = reinterpret_cast<Entry>(dlsym(module, entryName));
-    // Every table opens with the version of the build that made it.
-    const int* table = entry ? entry() : nullptr;
-    if (!table || *table != version) {
+    const void* table = entry ? entry() : nullptr;
+    if (!table || *static_cast<const int*>(table) != version) {
         error = file.string() + " is not the module of this kaltrova-cli";
         dlclose(module);
         return nullptr;

@@ -98,6 +98,6 @@ const AtlasCommand command{AtlasModuleVersion, Run};
 } // namespace
 } // namespace kal
 
-extern "C" __attribute__((visibility("default"))) const kal::AtlasCommand* KaltrovaAtlasCommand() {
+extern "C" __attribute__((visibility("default"))) const void* KaltrovaAtlasCommand() {
     return &kal::command;
 }

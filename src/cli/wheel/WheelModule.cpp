@@ -109,7 +109,6 @@ const WheelExporter exporter{WheelModuleVersion, Open, KnowsFormat, Write, Close
 } // namespace
 } // namespace kal
 
-extern "C" __attribute__((visibility("default"))) const kal::WheelExporter*
-KaltrovaWheelExporter() {
+extern "C" __attribute__((visibility("default"))) const void* KaltrovaWheelExporter() {
     return &kal::exporter;
 }
