@@ -401,23 +401,24 @@ WheelLayout PaintRing(Canvas& canvas, const WheelView& view, const WheelPaintInp
             if (Box b = InkBox(*t); !b.empty()) ink.push_back(b);
         return ink;
     };
-    auto crossed = [&](const GlyphPlace& g) {
-        for (const Box& b : columnInk(g))
+    auto inkCrossed = [&](const std::vector<Box>& ink) {
+        for (const Box& b : ink)
             for (int h = 1; h <= 12; ++h) {
                 auto [x1, y1, x2, y2] = lineEnds(h);
                 if (b.crossedBy(x1, y1, x2, y2, -LineClearance)) return true;
             }
         return false;
     };
-    layout.places = PlaceGlyphs(w, type, layout.HouseWidth, in.tables, crossed);
+    layout.places = PlaceGlyphs(w, type, layout.HouseWidth, in.tables,
+                                [&](const GlyphPlace& g) { return inkCrossed(columnInk(g)); });
 
     // The frame: house lines and the two circles. Where glyphs crowd a house
     // line so that no place beside it was left, the line stops short of the
     // column and goes on past it.
     std::vector<Box> columns;
     for (const GlyphPlace& g : layout.places)
-        if (crossed(g))
-            for (const Box& b : columnInk(g)) columns.push_back(b);
+        if (std::vector<Box> ink = columnInk(g); inkCrossed(ink))
+            columns.insert(columns.end(), ink.begin(), ink.end());
     auto houseLines = [&] {
         for (int h = 1; h <= 12; ++h) {
             const std::array<double, 4> e = lineEnds(h);
